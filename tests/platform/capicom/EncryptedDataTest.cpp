@@ -130,21 +130,4 @@ TEST(CapicomEncryptedData, WrongUseIsRefusedWithTheComponentsCodes) {
     EXPECT_EQ(EncryptedData().Algorithm().Name(), CAPICOM_ENCRYPTION_ALGORITHM_RC2);
 }
 
-TEST(CapicomEncryptedData, ErrorsCarryNumberAndText) {
-    for (const Hr hr :
-         {Hr::InvalidArg, Hr::InvalidData, Hr::BadData, Hr::BadAlgId, Hr::EncodeInvalidType,
-          Hr::InvalidAlgorithm, Hr::InvalidKeyLength, Hr::EncryptNotInitialized,
-          Hr::EncryptInvalidType, Hr::EncryptNoSecret, Hr::NotSupported, Hr::Internal}) {
-        EXPECT_FALSE(HrText(hr).startsWith(u"Unknown"_s)) << static_cast<std::uint32_t>(hr);
-    }
-    try {
-        Raise(Hr::EncryptInvalidType, u"CAPICOM.EncryptedData"_s, u"(detail)"_s);
-    } catch (const vb::RuntimeError& e) { // what the nx members' edge catches
-        EXPECT_EQ(e.record().Number, static_cast<std::int32_t>(0x80880291));
-        EXPECT_EQ(e.record().Description,
-                  u"The EncryptedData object is not a valid type. (detail)"_s);
-        EXPECT_EQ(vb::Err().Source, u"CAPICOM.EncryptedData"_s);
-    }
-}
-
 } // namespace

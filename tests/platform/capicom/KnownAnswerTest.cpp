@@ -69,12 +69,15 @@ TEST(CapicomKnownAnswer, DesMessageUnderAnotherPasswordFailsWithBadData) {
     try {
         decryptWith(u"Lovebread"_s, kDesBase64);
         FAIL() << "decrypted under a wrong password";
-    } catch (const Error& e) {
-        EXPECT_EQ(e.code(), Hr::BadData);
-        EXPECT_EQ(e.hresult(), -2146893819);
-        EXPECT_EQ(e.description(), u"Bad Data."_s);
-        EXPECT_EQ(e.source(), u"CAPICOM.EncryptedData"_s);
+    } catch (const vb::RuntimeError& e) { // what the edge of the nx members catches
+        const auto* error = dynamic_cast<const Error*>(&e);
+        ASSERT_NE(error, nullptr);
+        EXPECT_EQ(error->code(), Hr::BadData);
+        EXPECT_EQ(error->hresult(), -2146893819);
+        EXPECT_EQ(error->description(), u"Bad Data."_s);
+        EXPECT_EQ(error->source(), u"CAPICOM.EncryptedData"_s);
         EXPECT_EQ(vb::Err().Number, -2146893819); // as a failing COM call leaves it
+        EXPECT_EQ(vb::Err().Description, u"Bad Data."_s);
     }
 }
 
