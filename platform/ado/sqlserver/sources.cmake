@@ -1,0 +1,14 @@
+# The SQL Server provider: ODBC (unixODBC + FreeTDS here, Microsoft's driver on Windows).
+set(_sqlserver ${CMAKE_CURRENT_LIST_DIR})
+target_sources(platform PRIVATE
+    ${_sqlserver}/odbc/SystemApi.cpp
+    ${_sqlserver}/odbc/Diagnostics.cpp
+    ${_sqlserver}/odbc/Handles.cpp
+    ${_sqlserver}/odbc/Types.cpp
+    ${_sqlserver}/odbc/Values.cpp
+    ${_sqlserver}/odbc/Parameters.cpp
+    ${_sqlserver}/odbc/Execution.cpp
+    ${_sqlserver}/odbc/DriverString.cpp
+    ${_sqlserver}/odbc/InstancePort.cpp)
+find_package(Qt6 REQUIRED COMPONENTS Network)
+target_link_libraries(platform PRIVATE ODBC::ODBC Qt6::Network)
