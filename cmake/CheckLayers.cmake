@@ -1,3 +1,4 @@
+cmake_policy(SET CMP0057 NEW) # IN_LIST in script mode
 # cmake -DROOT=<source dir> -DDEPS="a:b;c|b:c" -DLAYERS="a;b;c" -P CheckLayers.cmake
 string(REPLACE "|" ";" entries "${DEPS}")
 foreach(entry IN LISTS entries)
