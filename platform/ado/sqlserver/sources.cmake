@@ -9,6 +9,8 @@ target_sources(platform PRIVATE
     ${_sqlserver}/odbc/Parameters.cpp
     ${_sqlserver}/odbc/Execution.cpp
     ${_sqlserver}/odbc/DriverString.cpp
-    ${_sqlserver}/odbc/InstancePort.cpp)
+    ${_sqlserver}/odbc/InstancePort.cpp
+    ${_sqlserver}/odbc/SchemaQueries.cpp
+    ${_sqlserver}/odbc/StaticRowsets.cpp)
 find_package(Qt6 REQUIRED COMPONENTS Network)
 target_link_libraries(platform PRIVATE ODBC::ODBC Qt6::Network)
