@@ -1,0 +1,42 @@
+#pragma once
+
+#include "platform/jetfile/Schema.h"
+#include "platform/jetfile/detail/PageSource.h"
+#include "platform/jetfile/detail/TableDefParser.h"
+
+#include <QByteArray>
+
+#include <map>
+#include <memory>
+#include <mutex>
+#include <vector>
+
+namespace jetfile::detail {
+
+// The page of MSysObjects' definition, fixed in every Jet 4 file.
+inline constexpr std::uint32_t kCatalogPage = 2;
+
+struct DatabaseState {
+    std::shared_ptr<const PageSource> source;
+    std::vector<CatalogEntry> catalog;
+    std::vector<QByteArray> catalogProperties; // LvProp of each catalog entry
+    std::vector<std::uint32_t> catalogPages;   // the page of each entry's catalog row
+
+    // A table definition, read once and kept.
+    std::shared_ptr<const ParsedTable> parsedTable(const CatalogEntry& entry) const;
+    const CatalogEntry& localTable(QStringView name) const;
+    std::size_t entryIndex(const CatalogEntry& entry) const {
+        return static_cast<std::size_t>(&entry - catalog.data());
+    }
+
+private:
+    mutable std::mutex m_lock;
+    mutable std::map<std::uint32_t, std::shared_ptr<const ParsedTable>> m_tables;
+};
+
+// Reads MSysObjects into `state`.
+void readCatalog(DatabaseState& state);
+// Reads MSysRelationships, if there is one.
+std::vector<Relation> readRelations(const DatabaseState& state);
+
+} // namespace jetfile::detail

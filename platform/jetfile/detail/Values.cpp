@@ -1,0 +1,126 @@
+#include "platform/jetfile/detail/Values.h"
+
+#include "platform/jetfile/detail/Text.h"
+
+#include <cmath>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace jetfile::detail {
+
+namespace {
+
+// The dates Jet accepts: 100-01-01 to 9999-12-31 23:59:59.
+constexpr double kFirstDate = -657434.0;
+constexpr double kLastDate = 2958466.0;
+
+[[noreturn]] void badValue(const PageSource& source, const Column& column, const RowView& row,
+                           const QString& reason) {
+    source.damaged(u"column '%1': %2"_s.arg(column.name, reason), row.page());
+}
+
+void needSize(const PageSource& source, const Column& column, const RowView& row, std::size_t n,
+              std::size_t size) {
+    if (n != size) {
+        badValue(source, column, row,
+                 u"a value of %1 bytes where %2 are stored"_s.arg(QString::number(n),
+                                                                QString::number(size)));
+    }
+}
+
+vb::Variant decodeDate(const PageSource& source, const Column& column, const RowView& row,
+                       const std::uint8_t* d) {
+    const double days = leDouble(d);
+    if (!(days > kFirstDate - 1.0 && days < kLastDate)) {
+        badValue(source, column, row, u"a date outside the years 100 to 9999"_s);
+    }
+    return vb::Variant(vb::dateFromOle(days));
+}
+
+vb::Variant decodeDecimal(const PageSource& source, const Column& column, const RowView& row,
+                          const std::uint8_t* d) {
+    // A sign byte, then the 128-bit magnitude as four little-endian words, most significant first.
+    const std::uint32_t w3 = le32(d + 1);
+    const std::uint32_t w2 = le32(d + 5);
+    const std::uint32_t w1 = le32(d + 9);
+    const std::uint32_t w0 = le32(d + 13);
+    if (w3 != 0 || column.scale > vb::Decimal::kMaxScale) {
+        badValue(source, column, row, u"a decimal beyond 28 digits"_s);
+    }
+    vb::Decimal value;
+    value.hi = w2;
+    value.lo = (static_cast<std::uint64_t>(w1) << 32) | w0;
+    value.scale = column.scale;
+    value.negative = d[0] != 0 && !value.isZero();
+    return vb::Variant(value);
+}
+
+QString decodeTextValue(const PageSource& source, const Column& column, const RowView& row,
+                        const std::uint8_t* d, std::size_t n) {
+    QString text;
+    if (!decodeText(d, n, text)) {
+        badValue(source, column, row, u"text of odd byte length %1"_s.arg(n));
+    }
+    return text;
+}
+
+} // namespace
+
+vb::Variant decodeValue(const PageSource& source, const Column& column, const RowView& row,
+                        LongValueReader& longValues) {
+    if (column.type() == ColumnType::Boolean) {
+        return vb::Variant(row.flag(column));
+    }
+    if (row.isNull(column)) {
+        return vb::Variant(vb::Null{});
+    }
+    const std::uint8_t* d = nullptr;
+    std::size_t n = 0;
+    row.data(column, d, n);
+    switch (column.type()) {
+    case ColumnType::Boolean:
+        break;
+    case ColumnType::Byte:
+        needSize(source, column, row, n, 1);
+        return vb::Variant(d[0]);
+    case ColumnType::Integer:
+        needSize(source, column, row, n, 2);
+        return vb::Variant(static_cast<std::int16_t>(le16(d)));
+    case ColumnType::Long:
+        needSize(source, column, row, n, 4);
+        return vb::Variant(static_cast<std::int32_t>(le32(d)));
+    case ColumnType::Currency:
+        needSize(source, column, row, n, 8);
+        return vb::Variant(vb::Currency{static_cast<std::int64_t>(le64(d))});
+    case ColumnType::Single:
+        needSize(source, column, row, n, 4);
+        return vb::Variant(leFloat(d));
+    case ColumnType::Double:
+        needSize(source, column, row, n, 8);
+        return vb::Variant(leDouble(d));
+    case ColumnType::DateTime:
+        needSize(source, column, row, n, 8);
+        return decodeDate(source, column, row, d);
+    case ColumnType::Guid:
+        needSize(source, column, row, n, 16);
+        return vb::Variant(guidText(d));
+    case ColumnType::Numeric:
+        needSize(source, column, row, n, 17);
+        return decodeDecimal(source, column, row, d);
+    case ColumnType::Text:
+        return vb::Variant(decodeTextValue(source, column, row, d, n));
+    case ColumnType::Memo: {
+        const QByteArray bytes = longValues.read(d, n, row.page());
+        return vb::Variant(decodeTextValue(source, column, row,
+                                           reinterpret_cast<const std::uint8_t*>(bytes.constData()),
+                                           static_cast<std::size_t>(bytes.size())));
+    }
+    case ColumnType::Ole:
+        return vb::Variant(longValues.read(d, n, row.page()));
+    case ColumnType::Binary:
+        break;
+    }
+    return vb::Variant(QByteArray(reinterpret_cast<const char*>(d), static_cast<qsizetype>(n)));
+}
+
+} // namespace jetfile::detail

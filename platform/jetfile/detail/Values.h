@@ -1,0 +1,19 @@
+#pragma once
+
+#include "platform/jetfile/Schema.h"
+#include "platform/jetfile/detail/LongValue.h"
+#include "platform/jetfile/detail/RowView.h"
+
+#include "platform/vb/Variant.h"
+
+namespace jetfile::detail {
+
+// A column's value in the current row, of the subtype ADO shows for its type: Byte uint8_t,
+// Integer int16_t, Long int32_t, Single float, Double double, Currency vb::Currency, Date
+// QDateTime, Text and Memo QString, Yes/No bool, Decimal vb::Decimal, GUID QString "{...}",
+// Binary and OLE QByteArray; Null when nothing is stored. Types Jet 4 does not define come back
+// as their raw bytes.
+vb::Variant decodeValue(const PageSource& source, const Column& column, const RowView& row,
+                        LongValueReader& longValues);
+
+} // namespace jetfile::detail
