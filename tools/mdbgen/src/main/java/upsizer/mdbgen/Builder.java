@@ -435,7 +435,7 @@ final class Builder {
             r.freeObject();
             for (String colName : r.keys()) {
                 ColumnDef col = t.column(r, colName);
-                row[t.columns.indexOf(col)] = Values.literal(r.get(colName), col);
+                row[t.columns.indexOf(col)] = Values.literal(r.member(colName), col);
             }
         }
         for (int k = 0; k < row.length; k++) {
@@ -521,7 +521,7 @@ final class Builder {
                 Map<String, Object> values = new LinkedHashMap<>();
                 for (String colName : set.keys()) {
                     ColumnDef col = t.column(set, colName);
-                    values.put(col.name(), Values.literal(set.get(colName), col));
+                    values.put(col.name(), Values.literal(set.member(colName), col));
                 }
                 for (Map.Entry<String, Object> e : values.entrySet()) {
                     Column col = t.table.getColumn(e.getKey());

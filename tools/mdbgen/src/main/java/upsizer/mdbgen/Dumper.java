@@ -182,9 +182,8 @@ final class Dumper {
             nl();
             g.writeArrayFieldStart("relationships");
             depth++;
-            List<Relationship> rels = new ArrayList<>();
-            rels.addAll(db.getRelationships());
-            rels.addAll(db.getSystemRelationships());
+            // the "system" list is every relationship, user tables' included
+            List<Relationship> rels = new ArrayList<>(db.getSystemRelationships());
             rels.sort((a, b) -> a.getName().compareTo(b.getName()));
             for (Relationship r : rels) {
                 nl();

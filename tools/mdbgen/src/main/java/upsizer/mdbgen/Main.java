@@ -10,6 +10,8 @@ import java.util.ArrayList;
 import java.util.HashMap;
 import java.util.List;
 import java.util.Map;
+import java.util.logging.Level;
+import java.util.logging.Logger;
 
 /** Command line: mdbgen build | dump | password. */
 public final class Main {
@@ -20,9 +22,16 @@ public final class Main {
             "  mdbgen password <in.mdb>",
             "");
 
+    /**
+     * Jackcess logs a warning for every NULL key an ignore-nulls index skips; nothing we need.
+     * Held here because the logging framework keeps its loggers only weakly.
+     */
+    private static final Logger JACKCESS_LOG = Logger.getLogger("com.healthmarketscience.jackcess");
+
     private Main() {}
 
     public static void main(String[] args) {
+        JACKCESS_LOG.setLevel(Level.SEVERE);
         int rc;
         try {
             rc = run(args);

@@ -80,6 +80,14 @@ final class Spec {
         return new Spec(node.get(key), path + "." + key);
     }
 
+    /** The member, JSON null included (a NULL cell); missing keys are errors. */
+    Spec member(String key) {
+        if (!node.has(key)) {
+            throw error("missing \"" + key + "\"");
+        }
+        return new Spec(node.get(key), path + "." + key);
+    }
+
     Spec opt(String key) {
         return has(key) ? new Spec(node.get(key), path + "." + key) : null;
     }
