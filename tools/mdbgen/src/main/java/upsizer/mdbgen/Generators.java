@@ -84,6 +84,11 @@ final class Generators {
             }
             long s = start.longValueExact();
             long d = step.longValueExact();
+            try {
+                String.format(Locale.ROOT, format, s);
+            } catch (java.util.IllegalFormatException e) {
+                throw g.error("\"format\" must take one whole number, like \"DOC-%09d\": " + e.getMessage());
+            }
             return i -> {
                 String t = String.format(Locale.ROOT, format, s + i * d);
                 if (col.type() == DataType.TEXT && t.length() > col.size()) {

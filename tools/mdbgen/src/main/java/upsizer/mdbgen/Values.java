@@ -87,7 +87,7 @@ final class Values {
         if (v.node.isTextual()) {
             String s = v.node.textValue().trim();
             if (s.startsWith("0x")) {
-                return Float.intBitsToFloat((int) Long.parseLong(s.substring(2), 16));
+                return Float.intBitsToFloat((int) hexBits(v, s, 8));
             }
             Double special = special(s);
             if (special != null) {
@@ -106,7 +106,7 @@ final class Values {
         if (v.node.isTextual()) {
             String s = v.node.textValue().trim();
             if (s.startsWith("0x")) {
-                return Double.longBitsToDouble(Long.parseUnsignedLong(s.substring(2), 16));
+                return Double.longBitsToDouble(hexBits(v, s, 16));
             }
             Double special = special(s);
             if (special != null) {
@@ -119,6 +119,15 @@ final class Values {
             throw v.error("DOUBLE out of range: " + d);
         }
         return x;
+    }
+
+    /** "0x" and exactly {@code digits} hex digits. */
+    private static long hexBits(Spec v, String s, int digits) {
+        String hex = s.substring(2);
+        if (hex.length() != digits || !hex.chars().allMatch(c -> Character.digit(c, 16) >= 0)) {
+            throw v.error("a bit pattern is 0x and " + digits + " hex digits: " + s);
+        }
+        return Long.parseUnsignedLong(hex, 16);
     }
 
     private static Double special(String s) {
@@ -152,11 +161,7 @@ final class Values {
             return v.get("jet").decimal().doubleValue();
         }
         String s = v.text("bits");
-        try {
-            return Double.longBitsToDouble(Long.parseUnsignedLong(s.startsWith("0x") ? s.substring(2) : s, 16));
-        } catch (NumberFormatException e) {
-            throw v.get("bits").error("not 16 hex digits: " + s);
-        }
+        return Double.longBitsToDouble(hexBits(v.get("bits"), s.startsWith("0x") ? s : "0x" + s, 16));
     }
 
     /** A date of the description as the Jet double itself (our own conversion for ISO text). */
