@@ -155,8 +155,8 @@ void PageSource::readHeader() {
 
 const std::uint8_t* PageSource::page(std::uint32_t number, PageBuffer& buffer) const {
     if (number == 0 || number >= m_header.pageCount) {
-        damaged(u"page %1 is outside the file, which has %2 pages"_s.arg(
-            QString::number(number), QString::number(m_header.pageCount)));
+        damaged(u"the page lies outside the file, which has %1 pages"_s.arg(m_header.pageCount),
+                number);
     }
     const std::uint64_t offset = static_cast<std::uint64_t>(number) * kPageSize;
     if (m_header.databaseKey == 0 && m_map != nullptr) {
