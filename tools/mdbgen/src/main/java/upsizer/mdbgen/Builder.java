@@ -71,7 +71,8 @@ final class Builder {
     }
 
     void build(Path out) throws IOException {
-        root.object("format", "password", "creationDate", "seed", "allowAutoNumberInsert", "tables", "relations");
+        root.object("format", "password", "creationDate", "encodingKey", "seed", "allowAutoNumberInsert", "tables",
+                "relations");
         String formatName = root.text("format", "V2000");
         Database.FileFormat format;
         switch (formatName) {
@@ -85,6 +86,14 @@ final class Builder {
         }
         Double creationDate = root.has("creationDate") ? Values.dateDouble(root.get("creationDate")) : null;
         long seed = root.integer("seed", 1);
+        Integer encodingKey = null;
+        if (root.has("encodingKey")) {
+            String k = root.text("encodingKey");
+            if (!k.matches("[0-9A-Fa-f]{8}") || Long.parseLong(k, 16) == 0) {
+                throw root.get("encodingKey").error("the database key is 8 hex digits, not all zero");
+            }
+            encodingKey = (int) Long.parseLong(k, 16);
+        }
 
         Path parent = out.toAbsolutePath().getParent();
         Files.createDirectories(parent);
@@ -109,6 +118,9 @@ final class Builder {
                 for (TableState t : tables) {
                     fill(t, seed);
                 }
+            }
+            if (encodingKey != null) {
+                HeaderPassword.encodePages(part, encodingKey);
             }
             if (password != null || creationDate != null) {
                 HeaderPassword.write(part, password == null ? "" : password, creationDate);

@@ -126,6 +126,47 @@ final class HeaderPassword {
         }
     }
 
+    static final int DATABASE_KEY_OFFSET = 0x3E;
+
+    /**
+     * Turns a closed, plain Jet 4 file into an RC4-"encoded" one (Access's "Encrypt Database"):
+     * the database key goes into page 0 at 0x3E (inside the masked area), and every page after
+     * page 0 is RC4-encrypted on its own, with the four little-endian bytes of
+     * (databaseKey XOR pageNumber) as the key. A key of 0 means "not encoded", so it is refused.
+     */
+    static void encodePages(Path file, int databaseKey) throws IOException {
+        if (databaseKey == 0) {
+            throw new IllegalArgumentException("a database key of 0 means the file is not encoded");
+        }
+        byte[] page0 = readPage0(file);
+        requireJet4(page0);
+        byte[] page = unmaskedHeader(page0);
+        if (ByteBuffer.wrap(page).order(ByteOrder.LITTLE_ENDIAN).getInt(DATABASE_KEY_OFFSET) != 0) {
+            throw new IOException(file + " is encoded already");
+        }
+        ByteBuffer.wrap(page).order(ByteOrder.LITTLE_ENDIAN).putInt(DATABASE_KEY_OFFSET, databaseKey);
+        try (FileChannel ch = FileChannel.open(file, StandardOpenOption.READ, StandardOpenOption.WRITE)) {
+            ch.write(ByteBuffer.wrap(unmaskedHeader(page)), 0);
+            long pages = ch.size() / PAGE_SIZE;
+            ByteBuffer buf = ByteBuffer.allocate(PAGE_SIZE);
+            for (int p = 1; p < pages; p++) {
+                buf.clear();
+                while (buf.hasRemaining()) {
+                    if (ch.read(buf, (long) p * PAGE_SIZE + buf.position()) < 0) {
+                        throw new IOException(file + ": short page " + p);
+                    }
+                }
+                byte[] key = ByteBuffer.allocate(4).order(ByteOrder.LITTLE_ENDIAN).putInt(databaseKey ^ p).array();
+                byte[] stream = rc4(key, PAGE_SIZE);
+                byte[] data = buf.array();
+                for (int i = 0; i < PAGE_SIZE; i++) {
+                    data[i] ^= stream[i];
+                }
+                ch.write(ByteBuffer.wrap(data), (long) p * PAGE_SIZE);
+            }
+        }
+    }
+
     static byte[] readPage0(Path file) throws IOException {
         try (FileChannel ch = FileChannel.open(file, StandardOpenOption.READ)) {
             ByteBuffer buf = ByteBuffer.allocate(PAGE_SIZE);

@@ -167,6 +167,22 @@ class RoundTripTest {
     }
 
     @Test
+    void encodedFileReadsLikeThePlainOne() throws IOException {
+        String plain = TYPES;
+        String encoded = TYPES.replaceFirst("\\{", "{\"encodingKey\": \"a7b773e0\", ");
+        Path p = TestSupport.build(dir, "plain", plain);
+        Path e = TestSupport.build(dir, "encoded", encoded);
+        JsonNode pd = TestSupport.dump(p);
+        JsonNode ed = TestSupport.dump(e);
+        assertEquals("00000000", pd.get("file").get("databaseKey").asText());
+        assertEquals("a7b773e0", ed.get("file").get("databaseKey").asText());
+        assertEquals(TestSupport.table(pd, "T"), TestSupport.table(ed, "T"));
+        String raw = new String(Files.readAllBytes(e), java.nio.charset.StandardCharsets.ISO_8859_1);
+        assertTrue(new String(Files.readAllBytes(p), java.nio.charset.StandardCharsets.ISO_8859_1).contains("ababa"));
+        assertFalse(raw.contains("ababa"), "no page after page 0 is left in the clear");
+    }
+
+    @Test
     void badDescriptionsNameThePlace() throws IOException {
         String[][] cases = {
             {"{'tables': [{'name': 'T', 'colums': []}]}", "bad.tables[0]: unknown key(s) [colums]; allowed: [changes, columns, generate, indexes, name, properties, rows]"},
