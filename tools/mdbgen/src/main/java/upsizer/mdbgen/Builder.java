@@ -34,26 +34,26 @@ final class Builder {
     /** Rows handed to Jackcess at a time: big enough to be quick, small enough to keep memory flat. */
     static final int BATCH = 2000;
 
-    private final Spec root;
+    private final Desc root;
     private final Long rowsForAll;
     private final Map<String, Long> rowsPerTable;
     private final PrintStream log;
 
     /** One table of the description with its Jackcess table and the column layout rows use. */
     private static final class TableState {
-        final Spec spec;
+        final Desc desc;
         final String name;
         final List<ColumnDef> columns = new ArrayList<>();
         Table table;
         long inserted;
         final Map<Long, RowId> wanted = new HashMap<>(); // insertion index -> row id, for changes
 
-        TableState(Spec spec, String name) {
-            this.spec = spec;
+        TableState(Desc desc, String name) {
+            this.desc = desc;
             this.name = name;
         }
 
-        ColumnDef column(Spec where, String colName) {
+        ColumnDef column(Desc where, String colName) {
             for (ColumnDef c : columns) {
                 if (c.name().equalsIgnoreCase(colName)) {
                     return c;
@@ -63,7 +63,7 @@ final class Builder {
         }
     }
 
-    Builder(Spec root, Long rowsForAll, Map<String, Long> rowsPerTable, PrintStream log) {
+    Builder(Desc root, Long rowsForAll, Map<String, Long> rowsPerTable, PrintStream log) {
         this.root = root;
         this.rowsForAll = rowsForAll;
         this.rowsPerTable = rowsPerTable;
@@ -109,10 +109,10 @@ final class Builder {
                 db.setAllowAutoNumberInsert(root.bool("allowAutoNumberInsert", false));
 
                 List<TableState> tables = new ArrayList<>();
-                for (Spec t : root.list("tables")) {
+                for (Desc t : root.list("tables")) {
                     tables.add(createTable(db, t));
                 }
-                for (Spec r : root.list("relations")) {
+                for (Desc r : root.list("relations")) {
                     createRelation(db, r);
                 }
                 for (TableState t : tables) {
@@ -148,19 +148,19 @@ final class Builder {
 
     // ---- tables ----
 
-    private TableState createTable(Database db, Spec t) throws IOException {
+    private TableState createTable(Database db, Desc t) throws IOException {
         t.object("name", "columns", "indexes", "properties", "rows", "generate", "changes");
         TableState state = new TableState(t, t.text("name"));
         TableBuilder tb = new TableBuilder(state.name);
-        for (Spec c : t.get("columns").list()) {
+        for (Desc c : t.get("columns").list()) {
             ColumnBuilder cb = columnBuilder(c);
             tb.addColumn(cb);
             state.columns.add(columnDef(c, cb));
         }
-        for (Spec i : t.list("indexes")) {
+        for (Desc i : t.list("indexes")) {
             tb.addIndex(indexBuilder(i));
         }
-        Spec props = t.opt("properties");
+        Desc props = t.opt("properties");
         if (props != null) {
             putProperties(props, tb::putProperty, tb::putProperty);
         }
@@ -172,7 +172,7 @@ final class Builder {
         return state;
     }
 
-    private static DataType dataType(Spec s) {
+    private static DataType dataType(Desc s) {
         String name = s.text().toUpperCase(Locale.ROOT);
         switch (name) {
             case "BYTE": return DataType.BYTE;
@@ -193,7 +193,7 @@ final class Builder {
         }
     }
 
-    private static ColumnBuilder columnBuilder(Spec c) {
+    private static ColumnBuilder columnBuilder(Desc c) {
         c.object("name", "type", "size", "precision", "scale", "autoNumber", "required", "allowZeroLength",
                 "defaultValue", "description", "compressedUnicode", "hyperlink", "properties");
         DataType type = dataType(c.get("type"));
@@ -248,14 +248,14 @@ final class Builder {
         if (c.has("description")) {
             cb.putProperty(PropertyMap.DESCRIPTION_PROP, DataType.TEXT, c.text("description"));
         }
-        Spec props = c.opt("properties");
+        Desc props = c.opt("properties");
         if (props != null) {
             putProperties(props, cb::putProperty, cb::putProperty);
         }
         return cb;
     }
 
-    private static ColumnDef columnDef(Spec c, ColumnBuilder cb) {
+    private static ColumnDef columnDef(Desc c, ColumnBuilder cb) {
         DataType t = cb.getType();
         int size = t == DataType.TEXT || t == DataType.BINARY ? (int) c.integer("size", 255) : 0;
         return new ColumnDef(cb.getName(), t, size, t == DataType.NUMERIC ? cb.getPrecision() : 0,
@@ -274,10 +274,10 @@ final class Builder {
      * Extra properties: "Name": value (a string, boolean or integer, typed as Jet does for known
      * names) or "Name": {"type": "BYTE", "value": 2}.
      */
-    private static void putProperties(Spec props, PutUntyped untyped, PutTyped typed) {
+    private static void putProperties(Desc props, PutUntyped untyped, PutTyped typed) {
         props.freeObject();
         for (String name : props.keys()) {
-            Spec v = props.get(name);
+            Desc v = props.get(name);
             if (v.isObject()) {
                 v.object("type", "value");
                 DataType type = dataType(v.get("type"));
@@ -295,14 +295,14 @@ final class Builder {
         }
     }
 
-    private static IndexBuilder indexBuilder(Spec i) {
+    private static IndexBuilder indexBuilder(Desc i) {
         i.object("name", "columns", "primaryKey", "unique", "ignoreNulls", "required");
         IndexBuilder ib = new IndexBuilder(i.text("name"));
-        List<Spec> cols = i.get("columns").list();
+        List<Desc> cols = i.get("columns").list();
         if (cols.isEmpty() || cols.size() > 10) {
             throw i.get("columns").error("an index has 1..10 columns");
         }
-        for (Spec c : cols) {
+        for (Desc c : cols) {
             if (c.node.isTextual()) {
                 ib.addColumns(true, c.text());
             } else {
@@ -325,13 +325,13 @@ final class Builder {
         return ib;
     }
 
-    private static void createRelation(Database db, Spec r) throws IOException {
+    private static void createRelation(Database db, Desc r) throws IOException {
         r.object("name", "primary", "foreign", "referentialIntegrity", "cascadeUpdates", "cascadeDeletes",
                 "cascadeNullOnDelete", "join");
-        Spec p = r.get("primary").object("table", "columns");
-        Spec f = r.get("foreign").object("table", "columns");
-        List<Spec> pc = p.get("columns").list();
-        List<Spec> fc = f.get("columns").list();
+        Desc p = r.get("primary").object("table", "columns");
+        Desc f = r.get("foreign").object("table", "columns");
+        List<Desc> pc = p.get("columns").list();
+        List<Desc> fc = f.get("columns").list();
         if (pc.isEmpty() || pc.size() != fc.size()) {
             throw r.error("primary and foreign need the same, non-zero number of columns");
         }
@@ -377,7 +377,7 @@ final class Builder {
     // ---- rows ----
 
     private long generatedCount(TableState t) {
-        Spec g = t.spec.opt("generate");
+        Desc g = t.desc.opt("generate");
         if (g == null) {
             return 0;
         }
@@ -386,28 +386,28 @@ final class Builder {
     }
 
     private void fill(TableState t, long seed) throws IOException {
-        List<Spec> changes = t.spec.list("changes");
-        long planned = t.spec.list("rows").size() + generatedCount(t);
-        for (Spec c : changes) {
+        List<Desc> changes = t.desc.list("changes");
+        long planned = t.desc.list("rows").size() + generatedCount(t);
+        for (Desc c : changes) {
             if (c.has("insert")) {
                 planned += c.get("insert").list().size();
             }
         }
         collectWanted(t, changes, planned);
         List<Object[]> batch = new ArrayList<>();
-        for (Spec r : t.spec.list("rows")) {
+        for (Desc r : t.desc.list("rows")) {
             batch.add(literalRow(t, r));
             if (batch.size() == BATCH) {
                 flush(t, batch);
             }
         }
-        Spec g = t.spec.opt("generate");
+        Desc g = t.desc.opt("generate");
         if (g != null) {
             g.object("count", "seed", "columns");
             long count = generatedCount(t);
             long tableSeed = g.integer("seed", seed);
             Generators.Gen[] gens = new Generators.Gen[t.columns.size()];
-            Spec cols = g.get("columns").freeObject();
+            Desc cols = g.get("columns").freeObject();
             for (String colName : cols.keys()) {
                 ColumnDef col = t.column(cols, colName);
                 gens[t.columns.indexOf(col)] = Generators.create(cols.get(colName), col, tableSeed, t.name);
@@ -433,10 +433,10 @@ final class Builder {
         applyChanges(t, changes);
     }
 
-    private Object[] literalRow(TableState t, Spec r) {
+    private Object[] literalRow(TableState t, Desc r) {
         Object[] row = new Object[t.columns.size()];
         if (r.node.isArray()) {
-            List<Spec> cells = r.list();
+            List<Desc> cells = r.list();
             if (cells.size() != row.length) {
                 throw r.error("a row has " + row.length + " values (one per column), got " + cells.size());
             }
@@ -487,8 +487,8 @@ final class Builder {
     }
 
     /** Notes which inserted rows the changes refer to, so their row ids are kept. */
-    private static void collectWanted(TableState t, List<Spec> changes, long planned) {
-        for (Spec c : changes) {
+    private static void collectWanted(TableState t, List<Desc> changes, long planned) {
+        for (Desc c : changes) {
             if (c.has("update")) {
                 t.wanted.put(c.integer("update"), null);
             } else if (c.has("delete")) {
@@ -503,8 +503,8 @@ final class Builder {
      * "delete": n, or "delete": {"every": k, "from": f, "to": l}: insertion indexes (0-based),
      * below the number of rows the table gets.
      */
-    private static List<Long> deleteTargets(Spec c, long inserted) {
-        Spec d = c.get("delete");
+    private static List<Long> deleteTargets(Desc c, long inserted) {
+        Desc d = c.get("delete");
         List<Long> out = new ArrayList<>();
         if (d.node.isIntegralNumber()) {
             out.add(d.integer());
@@ -523,13 +523,13 @@ final class Builder {
         return out;
     }
 
-    private void applyChanges(TableState t, List<Spec> changes) throws IOException {
-        for (Spec c : changes) {
+    private void applyChanges(TableState t, List<Desc> changes) throws IOException {
+        for (Desc c : changes) {
             c.object("update", "set", "delete", "addColumn", "addIndex", "insert");
             if (c.has("update")) {
                 long i = c.integer("update");
                 Cursor cur = cursorAt(t, c.get("update"), i);
-                Spec set = c.get("set").freeObject();
+                Desc set = c.get("set").freeObject();
                 Map<String, Object> values = new LinkedHashMap<>();
                 for (String colName : set.keys()) {
                     ColumnDef col = t.column(set, colName);
@@ -545,7 +545,7 @@ final class Builder {
                     t.wanted.put(i, null);
                 }
             } else if (c.has("addColumn")) {
-                Spec cs = c.get("addColumn");
+                Desc cs = c.get("addColumn");
                 ColumnBuilder cb = columnBuilder(cs);
                 try {
                     cb.addToTable(t.table);
@@ -554,7 +554,7 @@ final class Builder {
                 }
                 t.columns.add(columnDef(cs, cb));
             } else if (c.has("addIndex")) {
-                Spec is = c.get("addIndex");
+                Desc is = c.get("addIndex");
                 try {
                     indexBuilder(is).addToTable(t.table);
                 } catch (IllegalArgumentException e) {
@@ -562,7 +562,7 @@ final class Builder {
                 }
             } else if (c.has("insert")) {
                 List<Object[]> batch = new ArrayList<>();
-                for (Spec r : c.get("insert").list()) {
+                for (Desc r : c.get("insert").list()) {
                     batch.add(literalRow(t, r));
                 }
                 flush(t, batch);
@@ -572,7 +572,7 @@ final class Builder {
         }
     }
 
-    private static Cursor cursorAt(TableState t, Spec where, long index) throws IOException {
+    private static Cursor cursorAt(TableState t, Desc where, long index) throws IOException {
         RowId id = t.wanted.get(index);
         if (index < 0 || index >= t.inserted) {
             throw where.error("row " + index + " does not exist (" + t.inserted + " inserted)");

@@ -23,7 +23,7 @@ final class Generators {
 
     private Generators() {}
 
-    static Gen create(Spec g, ColumnDef col, long seed, String table) {
+    static Gen create(Desc g, ColumnDef col, long seed, String table) {
         String kind = g.text("kind");
         Rng rnd = Rng.forColumn(seed, table, col.name(), 0);
         Rng holes = Rng.forColumn(seed, table, col.name(), 1);
@@ -74,7 +74,7 @@ final class Generators {
         };
     }
 
-    private static Gen sequence(Spec g, ColumnDef col) {
+    private static Gen sequence(Desc g, ColumnDef col) {
         BigDecimal start = g.decimal("start", BigDecimal.ONE);
         BigDecimal step = g.decimal("step", BigDecimal.ONE);
         if (col.isText()) {
@@ -104,7 +104,7 @@ final class Generators {
     }
 
     /** A number as the column type wants it, refused if it does not fit. */
-    private static Object number(Spec g, ColumnDef col, BigDecimal d) {
+    private static Object number(Desc g, ColumnDef col, BigDecimal d) {
         try {
             switch (col.type()) {
                 case BYTE: return fit(g, d, 0, 255).intValue();
@@ -121,7 +121,7 @@ final class Generators {
         }
     }
 
-    private static BigDecimal fit(Spec g, BigDecimal d, long min, long max) {
+    private static BigDecimal fit(Desc g, BigDecimal d, long min, long max) {
         BigInteger n = d.toBigIntegerExact();
         if (n.compareTo(BigInteger.valueOf(min)) < 0 || n.compareTo(BigInteger.valueOf(max)) > 0) {
             throw g.error(n + " is outside " + min + ".." + max);
@@ -129,7 +129,7 @@ final class Generators {
         return d;
     }
 
-    private static Gen integer(Spec g, ColumnDef col, Rng rnd) {
+    private static Gen integer(Desc g, ColumnDef col, Rng rnd) {
         long min = g.integer("min");
         long max = g.integer("max");
         if (min > max || max - min >= (1L << 62)) {
@@ -140,7 +140,7 @@ final class Generators {
         return i -> number(g, col, BigDecimal.valueOf(rnd.between(min, max)));
     }
 
-    private static Gen decimal(Spec g, ColumnDef col, Rng rnd) {
+    private static Gen decimal(Desc g, ColumnDef col, Rng rnd) {
         int dfltScale = col.type() == DataType.MONEY ? 4 : col.scale();
         int scale = (int) g.integer("scale", dfltScale);
         BigInteger lo = g.get("min").decimal().setScale(scale, RoundingMode.CEILING).unscaledValue();
@@ -156,7 +156,7 @@ final class Generators {
         return i -> number(g, col, new BigDecimal(lo.add(BigInteger.valueOf(rnd.between(0, lSpan - 1))), scale));
     }
 
-    private static Gen dbl(Spec g, ColumnDef col, Rng rnd) {
+    private static Gen dbl(Desc g, ColumnDef col, Rng rnd) {
         double min = g.get("min").decimal().doubleValue();
         double max = g.get("max").decimal().doubleValue();
         if (!(min <= max)) {
@@ -173,7 +173,7 @@ final class Generators {
 
     // Code point ranges, [from, to] pairs. "latin1" stays within what Jet can store compressed
     // (every character 0x01..0xFF); "greek", "cjk" and "emoji" never compress.
-    private static int[] alphabet(Spec g, String name) {
+    private static int[] alphabet(Desc g, String name) {
         switch (name) {
             case "letters": return new int[] {'a', 'z', 'A', 'Z', '0', '9', ' ', ' '};
             case "ascii": return new int[] {0x20, 0x7E};
@@ -187,7 +187,7 @@ final class Generators {
         }
     }
 
-    private static int[] codePoints(Spec g) {
+    private static int[] codePoints(Desc g) {
         if (g.has("chars")) {
             int[] cps = g.text("chars").codePoints().toArray();
             if (cps.length == 0) {
@@ -205,7 +205,7 @@ final class Generators {
         return all.stream().mapToInt(Integer::intValue).toArray();
     }
 
-    private static long[] lengths(Spec g, long maxAllowed) {
+    private static long[] lengths(Desc g, long maxAllowed) {
         long min;
         long max;
         if (g.has("length")) {
@@ -220,7 +220,7 @@ final class Generators {
         return new long[] {min, max};
     }
 
-    private static Gen text(Spec g, ColumnDef col, Rng rnd) {
+    private static Gen text(Desc g, ColumnDef col, Rng rnd) {
         if (!col.isText()) {
             throw g.error("\"text\" fills TEXT and MEMO columns");
         }
@@ -240,7 +240,7 @@ final class Generators {
         };
     }
 
-    private static Gen date(Spec g, ColumnDef col, Rng rnd) {
+    private static Gen date(Desc g, ColumnDef col, Rng rnd) {
         if (col.type() != DataType.SHORT_DATE_TIME) {
             throw g.error("\"date\" fills SHORT_DATE_TIME columns");
         }
@@ -266,7 +266,7 @@ final class Generators {
         };
     }
 
-    private static Gen bool(Spec g, ColumnDef col, Rng rnd) {
+    private static Gen bool(Desc g, ColumnDef col, Rng rnd) {
         if (col.type() != DataType.BOOLEAN) {
             throw g.error("\"bool\" fills BOOLEAN columns");
         }
@@ -274,7 +274,7 @@ final class Generators {
         return i -> rnd.nextDouble() < p;
     }
 
-    private static Gen guid(Spec g, ColumnDef col, Rng rnd) {
+    private static Gen guid(Desc g, ColumnDef col, Rng rnd) {
         if (col.type() != DataType.GUID) {
             throw g.error("\"guid\" fills GUID columns");
         }
@@ -285,7 +285,7 @@ final class Generators {
         };
     }
 
-    private static Gen bytes(Spec g, ColumnDef col, Rng rnd) {
+    private static Gen bytes(Desc g, ColumnDef col, Rng rnd) {
         if (!col.isBinary()) {
             throw g.error("\"bytes\" fills OLE and BINARY columns");
         }
@@ -299,9 +299,9 @@ final class Generators {
         };
     }
 
-    private static Gen pick(Spec g, ColumnDef col, Rng rnd, boolean inOrder) {
+    private static Gen pick(Desc g, ColumnDef col, Rng rnd, boolean inOrder) {
         List<Object> values = new ArrayList<>();
-        for (Spec v : g.get("values").list()) {
+        for (Desc v : g.get("values").list()) {
             values.add(Values.literal(v, col));
         }
         if (values.isEmpty()) {

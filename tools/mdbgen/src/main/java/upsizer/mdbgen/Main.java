@@ -100,7 +100,7 @@ public final class Main {
             return 2;
         }
         Path description = Path.of(a.get(0));
-        Spec root = new Spec(readDescription(description), description.getFileName().toString());
+        Desc root = new Desc(readDescription(description), description.getFileName().toString());
         new Builder(root, all, perTable, System.err).build(Path.of(a.get(1)));
         return 0;
     }

@@ -23,7 +23,7 @@ final class Values {
     private Values() {}
 
     /** The value for one cell; {@code null} stays null (SQL NULL). */
-    static Object literal(Spec v, ColumnDef col) {
+    static Object literal(Desc v, ColumnDef col) {
         if (v.node.isNull()) {
             return null;
         }
@@ -64,7 +64,7 @@ final class Values {
         }
     }
 
-    static BigDecimal money(Spec v, BigDecimal d) {
+    static BigDecimal money(Desc v, BigDecimal d) {
         if (d.scale() > 4 && d.stripTrailingZeros().scale() > 4) {
             throw v.error("MONEY keeps 4 decimal places; " + d.toPlainString() + " would be rounded");
         }
@@ -74,7 +74,7 @@ final class Values {
         return d.setScale(4);
     }
 
-    static long range(Spec v, long min, long max, DataType type) {
+    static long range(Desc v, long min, long max, DataType type) {
         long n = v.integer();
         if (n < min || n > max) {
             throw v.error(type + " holds " + min + ".." + max + ", got " + n);
@@ -83,7 +83,7 @@ final class Values {
     }
 
     /** A JSON number, or "NaN", "Infinity", "-Infinity", "-0", or the bit pattern "0x7fc00000". */
-    static Float floatValue(Spec v) {
+    static Float floatValue(Desc v) {
         if (v.node.isTextual()) {
             String s = v.node.textValue().trim();
             if (s.startsWith("0x")) {
@@ -102,7 +102,7 @@ final class Values {
         return f;
     }
 
-    static Double doubleValue(Spec v) {
+    static Double doubleValue(Desc v) {
         if (v.node.isTextual()) {
             String s = v.node.textValue().trim();
             if (s.startsWith("0x")) {
@@ -122,7 +122,7 @@ final class Values {
     }
 
     /** "0x" and exactly {@code digits} hex digits. */
-    private static long hexBits(Spec v, String s, int digits) {
+    private static long hexBits(Desc v, String s, int digits) {
         String hex = s.substring(2);
         if (hex.length() != digits || !hex.chars().allMatch(c -> Character.digit(c, 16) >= 0)) {
             throw v.error("a bit pattern is 0x and " + digits + " hex digits: " + s);
@@ -144,7 +144,7 @@ final class Values {
      * A date as "yyyy-MM-dd", "yyyy-MM-ddTHH:mm[:ss[.fff]]" (written through Jackcess), or as the
      * stored double itself: {"jet": -1.25} or {"bits": "0xc0f4000000000000"} (written as given).
      */
-    static Object date(Spec v) {
+    static Object date(Desc v) {
         if (v.node.isTextual()) {
             return parseDateTime(v);
         }
@@ -152,7 +152,7 @@ final class Values {
     }
 
     /** {"jet": -1.25} or {"bits": "0xc0f4000000000000"}: the stored double itself. */
-    private static double storedDate(Spec v) {
+    private static double storedDate(Desc v) {
         if (!v.isObject()) {
             throw v.error("expected an ISO date string or {\"jet\": ...} / {\"bits\": ...}");
         }
@@ -165,14 +165,14 @@ final class Values {
     }
 
     /** A date of the description as the Jet double itself (our own conversion for ISO text). */
-    static double dateDouble(Spec v) {
+    static double dateDouble(Desc v) {
         if (v.node.isTextual()) {
             return JetDate.fromLocalDateTime(parseDateTime(v));
         }
         return storedDate(v);
     }
 
-    static LocalDateTime parseDateTime(Spec v) {
+    static LocalDateTime parseDateTime(Desc v) {
         String s = v.text();
         try {
             if (s.length() == 10) {
@@ -194,7 +194,7 @@ final class Values {
     }
 
     /** A string, or {"repeat": "ab", "length": n} for n characters of the repeated pattern. */
-    static String text(Spec v, DataType type, int sizeInUnits) {
+    static String text(Desc v, DataType type, int sizeInUnits) {
         String s;
         if (v.isObject()) {
             v.object("repeat", "length");
@@ -221,7 +221,7 @@ final class Values {
         return b.toString();
     }
 
-    static String guid(Spec v) {
+    static String guid(Desc v) {
         String s = v.text().trim();
         if (!GUID.matcher(s).matches()) {
             throw v.error("not a GUID: " + s);
@@ -233,7 +233,7 @@ final class Values {
     }
 
     /** Hex digits, or {"repeat": "00ff", "length": bytes}. */
-    static byte[] bytes(Spec v, DataType type, int sizeInBytes) {
+    static byte[] bytes(Desc v, DataType type, int sizeInBytes) {
         byte[] b;
         try {
             if (v.isObject()) {
@@ -260,7 +260,7 @@ final class Values {
     }
 
     /** Checks that a decimal fits NUMERIC(precision, scale) without rounding. */
-    static BigDecimal numeric(Spec v, BigDecimal d, int precision, int scale) {
+    static BigDecimal numeric(Desc v, BigDecimal d, int precision, int scale) {
         BigDecimal s;
         try {
             s = d.setScale(scale);

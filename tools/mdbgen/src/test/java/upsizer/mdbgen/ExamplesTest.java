@@ -29,7 +29,7 @@ class ExamplesTest {
         assertTrue(files.size() >= 9, "examples found: " + files);
         for (Path f : files) {
             String name = f.getFileName().toString().replace(".json", "");
-            Spec root = new Spec(Main.readDescription(f), f.getFileName().toString());
+            Desc root = new Desc(Main.readDescription(f), f.getFileName().toString());
             Path mdb = dir.resolve(name + ".mdb");
             // the benchmark table is built small here; its million rows are measured elsewhere
             new Builder(root, name.equals("big") ? 100L : null, Map.of(), null).build(mdb);

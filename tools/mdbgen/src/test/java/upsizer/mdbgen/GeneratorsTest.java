@@ -17,8 +17,8 @@ import java.util.Set;
 import org.junit.jupiter.api.Test;
 
 class GeneratorsTest {
-    private static List<Object> draw(String spec, ColumnDef col, int n) throws IOException {
-        Generators.Gen g = Generators.create(new Spec(new ObjectMapper().readTree(q(spec)), "g"), col, 3, "T");
+    private static List<Object> draw(String desc, ColumnDef col, int n) throws IOException {
+        Generators.Gen g = Generators.create(new Desc(new ObjectMapper().readTree(q(desc)), "g"), col, 3, "T");
         List<Object> out = new ArrayList<>();
         for (int i = 0; i < n; i++) {
             out.add(g.next(i));

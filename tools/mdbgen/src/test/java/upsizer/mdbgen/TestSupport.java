@@ -19,7 +19,7 @@ final class TestSupport {
         Path desc = dir.resolve(name + ".json");
         Files.writeString(desc, json);
         Path mdb = dir.resolve(name + ".mdb");
-        new Builder(new Spec(Main.readDescription(desc), name), rows, Map.of(), null).build(mdb);
+        new Builder(new Desc(Main.readDescription(desc), name), rows, Map.of(), null).build(mdb);
         return mdb;
     }
 

@@ -14,11 +14,11 @@ import java.util.TreeSet;
  * are checked against the keys they may have, so a misspelt key fails instead of being ignored.
  * Keys "comment" and any key starting with "_" are always allowed and ignored.
  */
-final class Spec {
+final class Desc {
     final JsonNode node;
     final String path;
 
-    Spec(JsonNode node, String path) {
+    Desc(JsonNode node, String path) {
         this.node = node;
         this.path = path;
     }
@@ -31,7 +31,7 @@ final class Spec {
         return node.isObject();
     }
 
-    Spec object(String... allowed) {
+    Desc object(String... allowed) {
         if (!node.isObject()) {
             throw error("expected an object");
         }
@@ -50,7 +50,7 @@ final class Spec {
     }
 
     /** An object whose keys are names chosen by the author (column names, property names). */
-    Spec freeObject() {
+    Desc freeObject() {
         if (!node.isObject()) {
             throw error("expected an object");
         }
@@ -73,37 +73,37 @@ final class Spec {
         return node.has(key) && !node.get(key).isNull();
     }
 
-    Spec get(String key) {
+    Desc get(String key) {
         if (!has(key)) {
             throw error("missing \"" + key + "\"");
         }
-        return new Spec(node.get(key), path + "." + key);
+        return new Desc(node.get(key), path + "." + key);
     }
 
     /** The member, JSON null included (a NULL cell); missing keys are errors. */
-    Spec member(String key) {
+    Desc member(String key) {
         if (!node.has(key)) {
             throw error("missing \"" + key + "\"");
         }
-        return new Spec(node.get(key), path + "." + key);
+        return new Desc(node.get(key), path + "." + key);
     }
 
-    Spec opt(String key) {
-        return has(key) ? new Spec(node.get(key), path + "." + key) : null;
+    Desc opt(String key) {
+        return has(key) ? new Desc(node.get(key), path + "." + key) : null;
     }
 
-    List<Spec> list() {
+    List<Desc> list() {
         if (!node.isArray()) {
             throw error("expected an array");
         }
-        List<Spec> out = new ArrayList<>();
+        List<Desc> out = new ArrayList<>();
         for (int i = 0; i < node.size(); i++) {
-            out.add(new Spec(node.get(i), path + "[" + i + "]"));
+            out.add(new Desc(node.get(i), path + "[" + i + "]"));
         }
         return out;
     }
 
-    List<Spec> list(String key) {
+    List<Desc> list(String key) {
         return has(key) ? get(key).list() : List.of();
     }
 
