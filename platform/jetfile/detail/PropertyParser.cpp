@@ -2,6 +2,7 @@
 
 #include "platform/jetfile/detail/ByteReader.h"
 #include "platform/jetfile/detail/Text.h"
+#include "platform/jetfile/detail/Values.h"
 
 #include <cmath>
 #include <cstring>
@@ -60,7 +61,7 @@ vb::Variant decodeValue(ByteReader& in, std::uint8_t type, const std::uint8_t* d
         if (!std::isfinite(date)) {
             in.fail(u"a date property that is not a number"_s);
         }
-        return vb::Variant(vb::dateFromOle(date));
+        return vb::Variant(oleDate(date));
     }
     case ColumnType::Text:
     case ColumnType::Memo: {

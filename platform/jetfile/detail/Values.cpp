@@ -14,6 +14,25 @@ namespace {
 constexpr double kFirstDate = -657434.0;
 constexpr double kLastDate = 2958466.0;
 
+} // namespace
+
+QDateTime oleDate(double days) {
+    // The whole part counts days from 1899-12-30; the fraction is the time of that day, counting
+    // forward from its midnight even when the day is negative (-1.25 is 1899-12-29 06:00). A
+    // time that rounds to 24:00 is midnight of the following day.
+    const double whole = std::trunc(days);
+    auto day = static_cast<qint64>(whole);
+    auto ms = static_cast<qint64>(std::llround(std::fabs(days - whole) * 86400000.0));
+    if (ms >= 86400000) {
+        ms -= 86400000;
+        ++day;
+    }
+    static const QDate kEpoch(1899, 12, 30);
+    return {kEpoch.addDays(day), QTime::fromMSecsSinceStartOfDay(static_cast<int>(ms)), Qt::UTC};
+}
+
+namespace {
+
 [[noreturn]] void badValue(const PageSource& source, const Column& column, const RowView& row,
                            const QString& reason) {
     source.damaged(u"column '%1': %2"_s.arg(column.name, reason), row.page());
@@ -34,7 +53,7 @@ vb::Variant decodeDate(const PageSource& source, const Column& column, const Row
     if (!(days > kFirstDate - 1.0 && days < kLastDate)) {
         badValue(source, column, row, u"a date outside the years 100 to 9999"_s);
     }
-    return vb::Variant(vb::dateFromOle(days));
+    return vb::Variant(oleDate(days));
 }
 
 vb::Variant decodeDecimal(const PageSource& source, const Column& column, const RowView& row,

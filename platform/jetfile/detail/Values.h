@@ -13,6 +13,9 @@ namespace jetfile::detail {
 // QDateTime, Text and Memo QString, Yes/No bool, Decimal vb::Decimal, GUID QString "{...}",
 // Binary and OLE QByteArray; Null when nothing is stored. Types Jet 4 does not define come back
 // as their raw bytes.
+// Jet's date: days since 1899-12-30 with the time of day as the fraction, to the millisecond.
+QDateTime oleDate(double days);
+
 vb::Variant decodeValue(const PageSource& source, const Column& column, const RowView& row,
                         LongValueReader& longValues);
 
