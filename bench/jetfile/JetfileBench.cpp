@@ -18,7 +18,9 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-double seconds(const QElapsedTimer& t) { return static_cast<double>(t.nsecsElapsed()) / 1e9; }
+double seconds(const QElapsedTimer& t) {
+    return static_cast<double>(t.nsecsElapsed()) / 1e9;
+}
 
 void report(const char* what, std::uint64_t rows, double secs) {
     std::printf("%-34s %10.3f s %14.0f rows/s\n", what, secs, static_cast<double>(rows) / secs);
@@ -90,7 +92,8 @@ int main(int argc, char** argv) {
         p.waitForFinished(-1);
         const double exportSecs = seconds(t);
         report("mdb-export > /dev/null", rows, exportSecs);
-        std::printf("jetfile (every column) is %.1fx as fast as mdb-export\n", exportSecs / allSecs);
+        std::printf("jetfile (every column) is %.1fx as fast as mdb-export\n",
+                    exportSecs / allSecs);
     } catch (const std::exception& e) {
         std::fprintf(stderr, "%s\n", e.what());
         return 1;

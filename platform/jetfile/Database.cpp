@@ -8,7 +8,8 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace jetfile {
 
-Database::Database(std::shared_ptr<const detail::DatabaseState> state) : m_state(std::move(state)) {}
+Database::Database(std::shared_ptr<const detail::DatabaseState> state)
+    : m_state(std::move(state)) {}
 
 Database Database::open(const QString& path) {
     auto state = std::make_shared<detail::DatabaseState>();
@@ -17,11 +18,17 @@ Database Database::open(const QString& path) {
     return Database(std::move(state));
 }
 
-const QString& Database::path() const noexcept { return m_state->source->path(); }
+const QString& Database::path() const noexcept {
+    return m_state->source->path();
+}
 
-const HeaderInfo& Database::header() const noexcept { return m_state->source->header(); }
+const HeaderInfo& Database::header() const noexcept {
+    return m_state->source->header();
+}
 
-const std::vector<CatalogEntry>& Database::catalog() const noexcept { return m_state->catalog; }
+const std::vector<CatalogEntry>& Database::catalog() const noexcept {
+    return m_state->catalog;
+}
 
 const CatalogEntry* Database::findObject(QStringView name) const {
     for (const auto& entry : m_state->catalog) {
@@ -73,6 +80,8 @@ std::vector<PropertyMap> Database::properties(QStringView objectName) const {
                                    m_state->catalogPages[at]);
 }
 
-std::vector<Relation> Database::relations() const { return detail::readRelations(*m_state); }
+std::vector<Relation> Database::relations() const {
+    return detail::readRelations(*m_state);
+}
 
 } // namespace jetfile

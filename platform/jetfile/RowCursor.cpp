@@ -21,8 +21,8 @@ constexpr int kMaxOverflowHops = 8;
 CursorState::CursorState(std::shared_ptr<const PageSource> src,
                          std::shared_ptr<const ParsedTable> parsed)
     : source(std::move(src)), table(std::move(parsed)),
-      pages(source, table->storage.ownedPages.data(), table->definition.page),
-      longValues(*source) {}
+      pages(source, table->storage.ownedPages.data(), table->definition.page), longValues(*source) {
+}
 
 void CursorState::rewind() {
     pages.rewind();
@@ -101,11 +101,17 @@ RowCursor::RowCursor(RowCursor&&) noexcept = default;
 RowCursor& RowCursor::operator=(RowCursor&&) noexcept = default;
 RowCursor::~RowCursor() = default;
 
-const TableDefinition& RowCursor::table() const noexcept { return m_state->table->definition; }
+const TableDefinition& RowCursor::table() const noexcept {
+    return m_state->table->definition;
+}
 
-bool RowCursor::next() { return m_state->next(); }
+bool RowCursor::next() {
+    return m_state->next();
+}
 
-void RowCursor::rewind() { m_state->rewind(); }
+void RowCursor::rewind() {
+    m_state->rewind();
+}
 
 const Column& RowCursor::checkedColumn(int column) const {
     const auto& columns = m_state->table->definition.columns;
@@ -128,7 +134,7 @@ vb::Variant RowCursor::value(QStringView columnName) const {
     if (index < 0) {
         throw Error(Error::Kind::NotFound, m_state->source->path(),
                     u"table '%1' has no column '%2'"_s.arg(m_state->table->definition.name,
-                                                          columnName.toString()));
+                                                           columnName.toString()));
     }
     return value(index);
 }
@@ -153,6 +159,8 @@ std::uint32_t RowCursor::page() const noexcept {
     return m_state->dataPage ? m_state->dataPage->number() : 0;
 }
 
-int RowCursor::row() const noexcept { return m_state->slot; }
+int RowCursor::row() const noexcept {
+    return m_state->slot;
+}
 
 } // namespace jetfile

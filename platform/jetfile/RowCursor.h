@@ -1,7 +1,6 @@
 #pragma once
 
 #include "platform/jetfile/Schema.h"
-
 #include "platform/vb/Variant.h"
 
 #include <QStringView>

@@ -62,13 +62,13 @@ struct PropertyMap {
 
 struct Column {
     QString name;
-    std::uint8_t typeCode = 0; // see ColumnType; other codes are read as raw bytes
-    int number = 0;            // stored column number; has gaps after deletions
-    int index = 0;             // dense 0-based position in TableDefinition::columns
-    int displayIndex = 0;      // position in the stored definition
-    int varIndex = 0;          // slot in the row's variable-length offset table
-    int fixedOffset = 0;       // offset in the row's fixed-length area
-    int length = 0;            // bytes: 2n for Text(n), 0 for Memo and OLE
+    std::uint8_t typeCode = 0;  // see ColumnType; other codes are read as raw bytes
+    int number = 0;             // stored column number; has gaps after deletions
+    int index = 0;              // dense 0-based position in TableDefinition::columns
+    int displayIndex = 0;       // position in the stored definition
+    int varIndex = 0;           // slot in the row's variable-length offset table
+    int fixedOffset = 0;        // offset in the row's fixed-length area
+    int length = 0;             // bytes: 2n for Text(n), 0 for Memo and OLE
     std::uint8_t precision = 0; // Decimal only
     std::uint8_t scale = 0;     // Decimal only
     std::uint8_t flags = 0;     // kColumn... bits
@@ -83,9 +83,7 @@ struct Column {
         return typeCode == static_cast<std::uint8_t>(ColumnType::Memo) &&
                (flags & kColumnHyperlink) != 0;
     }
-    bool isCompressedUnicode() const noexcept {
-        return (extFlags & kColumnCompressedUnicode) != 0;
-    }
+    bool isCompressedUnicode() const noexcept { return (extFlags & kColumnCompressedUnicode) != 0; }
     bool isLongValue() const noexcept {
         return typeCode == static_cast<std::uint8_t>(ColumnType::Memo) ||
                typeCode == static_cast<std::uint8_t>(ColumnType::Ole);
@@ -199,7 +197,7 @@ enum class JetVersion : std::uint8_t { Jet3 = 0, Jet4 = 1 };
 struct HeaderInfo {
     JetVersion version = JetVersion::Jet4;
     int codePage = 0;
-    int sortOrder = 0;        // locale id of the text sort order (1033 = General)
+    int sortOrder = 0; // locale id of the text sort order (1033 = General)
     int sortOrderVersion = 0;
     std::uint32_t databaseKey = 0; // non-zero: the pages are RC4-encoded
     QString password;              // the database password as stored; empty when none

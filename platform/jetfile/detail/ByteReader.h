@@ -42,7 +42,9 @@ public:
         return m_data + pos;
     }
 
-    [[noreturn]] void cutShort() const { m_source.damaged(m_what + QStringLiteral(" is cut short"), m_page); }
+    [[noreturn]] void cutShort() const {
+        m_source.damaged(m_what + QStringLiteral(" is cut short"), m_page);
+    }
     [[noreturn]] void fail(const QString& reason) const {
         m_source.damaged(m_what + QStringLiteral(": ") + reason, m_page);
     }

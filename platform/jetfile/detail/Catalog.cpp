@@ -115,9 +115,9 @@ std::shared_ptr<const ParsedTable> DatabaseState::parsedTable(const CatalogEntry
     }
     auto parsed = std::make_shared<ParsedTable>(parseTableDefinition(*source, page, entry.name));
     const std::size_t at = entryIndex(entry);
-    for (auto& map : parseProperties(*source, catalogProperties[at],
-                                     u"the properties of '%1'"_s.arg(entry.name),
-                                     catalogPages[at])) {
+    for (auto& map :
+         parseProperties(*source, catalogProperties[at],
+                         u"the properties of '%1'"_s.arg(entry.name), catalogPages[at])) {
         if (map.name.isEmpty()) {
             parsed->definition.properties = std::move(map);
         } else if (const int column = parsed->definition.columnIndex(map.name); column >= 0) {
@@ -168,7 +168,8 @@ std::vector<Relation> readRelations(const DatabaseState& state) {
             pairs.emplace_back();
             found = byName.insert(key, relations.size() - 1);
         }
-        pairs[*found].push_back({row.number(position), row.text(column), row.text(referencedColumn)});
+        pairs[*found].push_back(
+            {row.number(position), row.text(column), row.text(referencedColumn)});
     }
     for (std::size_t i = 0; i < relations.size(); ++i) {
         std::stable_sort(pairs[i].begin(), pairs[i].end(),

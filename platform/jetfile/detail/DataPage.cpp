@@ -22,7 +22,8 @@ DataPage::DataPage(const PageSource& source, const std::uint8_t* bytes, std::uin
 }
 
 std::uint16_t DataPage::slotFlags(int row) const noexcept {
-    return le16(m_bytes + kSlotTableOffset + 2 * row) & static_cast<std::uint16_t>(~kSlotOffsetMask);
+    return le16(m_bytes + kSlotTableOffset + 2 * row) &
+           static_cast<std::uint16_t>(~kSlotOffsetMask);
 }
 
 RowSpan DataPage::row(int row) const {
@@ -40,10 +41,10 @@ RowSpan DataPage::row(int row) const {
                               le16(m_bytes + kSlotTableOffset + 2 * (row - 1)) & kSlotOffsetMask);
     const int slotTableEnd = kSlotTableOffset + 2 * m_rowCount;
     if (span.start < slotTableEnd || span.start > span.end || span.end > kPageSize) {
-        m_source.damaged(u"row %1 lies outside its page (offsets %2 to %3)"_s.arg(
-                             QString::number(row), QString::number(span.start),
-                             QString::number(span.end)),
-                         m_number);
+        m_source.damaged(
+            u"row %1 lies outside its page (offsets %2 to %3)"_s.arg(
+                QString::number(row), QString::number(span.start), QString::number(span.end)),
+            m_number);
     }
     return span;
 }

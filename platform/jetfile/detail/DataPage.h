@@ -47,9 +47,7 @@ struct RowPointer {
     std::uint32_t page = 0;
     int row = 0;
 
-    static RowPointer read(const std::uint8_t* p) noexcept {
-        return {le24(p + 1), p[0]};
-    }
+    static RowPointer read(const std::uint8_t* p) noexcept { return {le24(p + 1), p[0]}; }
 };
 
 } // namespace jetfile::detail

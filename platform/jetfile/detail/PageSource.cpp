@@ -43,9 +43,9 @@ std::int32_t maskDays(double date) {
 
 QString decodePassword(const std::uint8_t* stored, double creationDate) {
     const auto days = static_cast<std::uint32_t>(maskDays(creationDate));
-    const std::uint8_t mask[4] = {static_cast<std::uint8_t>(days), static_cast<std::uint8_t>(days >> 8),
-                                  static_cast<std::uint8_t>(days >> 16),
-                                  static_cast<std::uint8_t>(days >> 24)};
+    const std::uint8_t mask[4] = {
+        static_cast<std::uint8_t>(days), static_cast<std::uint8_t>(days >> 8),
+        static_cast<std::uint8_t>(days >> 16), static_cast<std::uint8_t>(days >> 24)};
     QString password;
     for (std::size_t i = 0; i + 1 < kPasswordLength; i += 2) {
         const auto lo = static_cast<std::uint8_t>(stored[i] ^ mask[i % 4]);
@@ -138,7 +138,8 @@ void PageSource::readHeader() {
         damaged(u"the file is larger than any Jet database can be"_s);
     }
 
-    Rc4(kHeaderKey, sizeof kHeaderKey).apply(head.data() + kMaskedHeaderOffset, kMaskedHeaderLength);
+    Rc4(kHeaderKey, sizeof kHeaderKey)
+        .apply(head.data() + kMaskedHeaderOffset, kMaskedHeaderLength);
 
     m_header.version = JetVersion::Jet4;
     m_header.pageCount = static_cast<std::uint32_t>(size / static_cast<qint64>(kPageSize));

@@ -29,8 +29,8 @@ QString readName(ByteReader& in) {
 vb::Variant decodeValue(ByteReader& in, std::uint8_t type, const std::uint8_t* d, std::size_t n) {
     const auto need = [&](std::size_t size) {
         if (n < size) {
-            in.fail(u"a property value of type %1 has only %2 bytes"_s.arg(
-                QString::number(type), QString::number(n)));
+            in.fail(u"a property value of type %1 has only %2 bytes"_s.arg(QString::number(type),
+                                                                           QString::number(n)));
         }
     };
     switch (static_cast<ColumnType>(type)) {

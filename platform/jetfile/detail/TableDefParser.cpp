@@ -46,9 +46,10 @@ std::vector<std::uint8_t> assemble(const PageSource& source, std::uint32_t first
         }
         const std::uint8_t* page = source.page(number, buffer);
         if (page[0] != kPageTableDef) {
-            source.damaged(u"expected a table definition page of table '%1', found page type %2"_s
-                               .arg(name, QString::number(page[0])),
-                           number);
+            source.damaged(
+                u"expected a table definition page of table '%1', found page type %2"_s.arg(
+                    name, QString::number(page[0])),
+                number);
         }
         const std::size_t from = count == 0 ? 0 : kContinuationDataOffset;
         bytes.insert(bytes.end(), page + from, page + kPageSize);
@@ -163,7 +164,9 @@ void readLogicalIndexes(ByteReader& in, TableDefinition& def, const std::vector<
         index.columns = real[dataNumber].columns;
         index.entryCount = real[dataNumber].entryCount;
         if (index.kind == IndexKind::ForeignKey && otherIndex != -1) {
-            index.reference = IndexReference{otherTableType == 1, otherIndex, otherPage,
+            index.reference = IndexReference{otherTableType == 1,
+                                             otherIndex,
+                                             otherPage,
                                              (cascadeUpdates & 0x01) != 0,
                                              (cascadeDeletes & 0x01) != 0,
                                              (cascadeDeletes & 0x02) != 0};
@@ -221,7 +224,7 @@ ParsedTable parseTableDefinition(const PageSource& source, std::uint32_t page,
     const std::uint32_t realCount = le32(in.at(kRealIndexCountOffset, 4));
     if (logicalCount > kMaxIndexes || realCount > kMaxIndexes) {
         in.fail(u"it claims %1 indexes over %2 physical ones"_s.arg(QString::number(logicalCount),
-                                                                 QString::number(realCount)));
+                                                                    QString::number(realCount)));
     }
     std::copy_n(in.at(kOwnedPagesOffset, 4), 4, parsed.storage.ownedPages.begin());
 

@@ -24,8 +24,7 @@ struct ParsedTable {
 
 // Reads the definition that starts on `page` (type 2, continued over further pages), checking
 // every count, offset and length against the bytes actually there.
-ParsedTable parseTableDefinition(const PageSource& source, std::uint32_t page,
-                                 const QString& name);
+ParsedTable parseTableDefinition(const PageSource& source, std::uint32_t page, const QString& name);
 
 // Bytes a fixed-length column takes in a row (0 for Boolean, which lives in the null mask).
 int fixedDataSize(const Column& column) noexcept;

@@ -46,8 +46,8 @@ UsageMap::UsageMap(std::shared_ptr<const PageSource> source, const std::uint8_t*
             m_mapPages.push_back(le32(row + 1 + 4 * i));
         }
     } else {
-        m_source->damaged(u"unknown usage map type %1 in row %2"_s.arg(
-                              QString::number(row[0]), QString::number(where.row)),
+        m_source->damaged(u"unknown usage map type %1 in row %2"_s.arg(QString::number(row[0]),
+                                                                       QString::number(where.row)),
                           where.page);
     }
     rewind();
@@ -74,8 +74,7 @@ bool UsageMap::loadReferencePage(std::size_t index) {
     PageBuffer buffer;
     const std::uint8_t* bytes = m_source->page(number, buffer);
     if (bytes[0] != kPageUsageMap) {
-        m_source->damaged(u"expected a usage map page, found page type %1"_s.arg(bytes[0]),
-                          number);
+        m_source->damaged(u"expected a usage map page, found page type %1"_s.arg(bytes[0]), number);
     }
     m_bits.assign(bytes + kBitmapPageDataOffset, bytes + kPageSize);
     m_base = static_cast<std::uint32_t>(
@@ -97,9 +96,10 @@ std::optional<std::uint32_t> UsageMap::next() {
             if ((byte & (1u << (bit % 8))) != 0) {
                 const std::uint64_t page = static_cast<std::uint64_t>(m_base) + bit;
                 if (page >= m_source->pageCount()) {
-                    m_source->damaged(u"the usage map names page %1, beyond the end of the file"_s
-                                          .arg(QString::number(page)),
-                                      m_mapPage);
+                    m_source->damaged(
+                        u"the usage map names page %1, beyond the end of the file"_s.arg(
+                            QString::number(page)),
+                        m_mapPage);
                 }
                 return static_cast<std::uint32_t>(page);
             }

@@ -43,7 +43,7 @@ void needSize(const PageSource& source, const Column& column, const RowView& row
     if (n != size) {
         badValue(source, column, row,
                  u"a value of %1 bytes where %2 are stored"_s.arg(QString::number(n),
-                                                                QString::number(size)));
+                                                                  QString::number(size)));
     }
 }
 

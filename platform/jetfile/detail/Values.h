@@ -3,7 +3,6 @@
 #include "platform/jetfile/Schema.h"
 #include "platform/jetfile/detail/LongValue.h"
 #include "platform/jetfile/detail/RowView.h"
-
 #include "platform/vb/Variant.h"
 
 namespace jetfile::detail {

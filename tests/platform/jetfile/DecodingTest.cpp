@@ -24,8 +24,12 @@ QString text(std::initializer_list<int> bytes) {
     return out;
 }
 
-QByteArray le16(int v) { return QByteArray(1, char(v & 0xFF)) + char((v >> 8) & 0xFF); }
-QByteArray le32(int v) { return le16(v & 0xFFFF) + le16((v >> 16) & 0xFFFF); }
+QByteArray le16(int v) {
+    return QByteArray(1, char(v & 0xFF)) + char((v >> 8) & 0xFF);
+}
+QByteArray le32(int v) {
+    return le16(v & 0xFFFF) + le16((v >> 16) & 0xFFFF);
+}
 QByteArray utf16(const QString& s) {
     return QByteArray(reinterpret_cast<const char*>(s.utf16()), s.size() * 2);
 }
@@ -55,9 +59,7 @@ TEST(JetFileText, GuidAsAdoShowsIt) {
 
 class JetFileProperties : public ::testing::Test {
 protected:
-    void SetUp() override {
-        m_source = PageSource::open(m_dir.copyFixture(u"adox_jet4.mdb"_s));
-    }
+    void SetUp() override { m_source = PageSource::open(m_dir.copyFixture(u"adox_jet4.mdb"_s)); }
     std::vector<jetfile::PropertyMap> parse(const QByteArray& blob) {
         return parseProperties(*m_source, blob, u"the properties of 'T'"_s, 7);
     }
@@ -73,9 +75,9 @@ protected:
                le16(int(data.size())) + data;
     }
     static QByteArray block(int type, const QString& name, const QByteArray& values) {
-        const QByteArray nameBlock =
-            name.isEmpty() ? le32(6) + le16(0) : le32(int(6 + name.size() * 2)) +
-                                                     le16(int(name.size() * 2)) + utf16(name);
+        const QByteArray nameBlock = name.isEmpty() ? le32(6) + le16(0)
+                                                    : le32(int(6 + name.size() * 2)) +
+                                                          le16(int(name.size() * 2)) + utf16(name);
         const QByteArray body = nameBlock + values;
         return le32(int(body.size() + 6)) + le16(type) + body;
     }
@@ -85,11 +87,10 @@ protected:
 };
 
 TEST_F(JetFileProperties, ReadsTableAndColumnBlocks) {
-    const QByteArray blob = QByteArray("MR2", 4) +
-                            names({u"Description"_s, u"Required"_s, u"DefaultValue"_s}) +
-                            block(0, QString(), value(10, 0, utf16(u"the table"_s))) +
-                            block(1, u"Name"_s, value(1, 1, QByteArray(1, '\xFF')) +
-                                                    value(10, 2, utf16(u"\"abc\""_s)));
+    const QByteArray blob =
+        QByteArray("MR2", 4) + names({u"Description"_s, u"Required"_s, u"DefaultValue"_s}) +
+        block(0, QString(), value(10, 0, utf16(u"the table"_s))) +
+        block(1, u"Name"_s, value(1, 1, QByteArray(1, '\xFF')) + value(10, 2, utf16(u"\"abc\""_s)));
     const auto maps = parse(blob);
     ASSERT_EQ(maps.size(), 2u);
     EXPECT_EQ(maps[0].name, QString());

@@ -23,7 +23,9 @@ QStringList fixtureNames() {
     return QDir(fixturesDir()).entryList({u"*.mdb"_s}, QDir::Files, QDir::Name);
 }
 
-bool haveMdbTools() { return !QStandardPaths::findExecutable(u"mdb-export"_s).isEmpty(); }
+bool haveMdbTools() {
+    return !QStandardPaths::findExecutable(u"mdb-export"_s).isEmpty();
+}
 
 QString run(const QString& program, const QStringList& args) {
     QProcess p;
@@ -180,7 +182,8 @@ TEST(JetFileFixtures, EveryFixtureAgreesWithMdbTools) {
 TEST(JetFileFixtures, IndexesKeepTheirKeysAfterAnIndexWasDeleted) {
     TestDir dir;
     const auto props = jetfile::Database::open(dir.copyFixture(u"testIndexPropertiesV2000.mdb"_s));
-    for (const auto* tableName : {u"TableIgnoreNulls2", u"TableUnique1_temp", u"TableUnique2_temp"}) {
+    for (const auto* tableName :
+         {u"TableIgnoreNulls2", u"TableUnique1_temp", u"TableUnique2_temp"}) {
         const auto table = props.table(QStringView(tableName));
         SCOPED_TRACE(table->name.toStdString());
         const auto* pk = table->primaryKey();

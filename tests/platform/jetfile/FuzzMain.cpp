@@ -29,7 +29,9 @@
 
 #ifdef JETFILE_FUZZ_ASAN
 // The RSS limit stands in for the address-space limit, which the sanitizer's shadow memory needs.
-extern "C" const char* __asan_default_options() { return "hard_rss_limit_mb=1024"; }
+extern "C" const char* __asan_default_options() {
+    return "hard_rss_limit_mb=1024";
+}
 #else
 #include <sys/resource.h>
 #endif
@@ -39,9 +41,9 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 constexpr auto kTimeLimit = std::chrono::seconds(10);
-const char* const kBases[] = {"indexTestV2000.mdb",      "test2V2000.mdb",
-                              "overflowTestV2000.mdb",   "delColTestV2000.mdb",
-                              "encodedV2000.mdb",        "testUnicodeCompV2003.mdb",
+const char* const kBases[] = {"indexTestV2000.mdb",        "test2V2000.mdb",
+                              "overflowTestV2000.mdb",     "delColTestV2000.mdb",
+                              "encodedV2000.mdb",          "testUnicodeCompV2003.mdb",
                               "fixedNumericTestV2000.mdb", "testIndexPropertiesV2000.mdb"};
 
 std::atomic<std::int64_t> g_deadline{0}; // steady-clock milliseconds; 0 when idle
@@ -74,8 +76,12 @@ QByteArray md5Of(const QString& path) {
 
 QString mutate(QByteArray& bytes, std::mt19937_64& rng) {
     const auto pages = static_cast<std::uint64_t>(bytes.size() / 4096);
-    auto any = [&](std::uint64_t n) { return std::uniform_int_distribution<std::uint64_t>(0, n - 1)(rng); };
-    auto offsetIn = [&](std::uint64_t page) { return static_cast<qsizetype>(page * 4096 + any(4096)); };
+    auto any = [&](std::uint64_t n) {
+        return std::uniform_int_distribution<std::uint64_t>(0, n - 1)(rng);
+    };
+    auto offsetIn = [&](std::uint64_t page) {
+        return static_cast<qsizetype>(page * 4096 + any(4096));
+    };
     const std::uint64_t kind = any(6);
     switch (kind) {
     case 0: { // scattered random bytes anywhere after the header
@@ -86,8 +92,8 @@ QString mutate(QByteArray& bytes, std::mt19937_64& rng) {
         return u"%1 random bytes"_s.arg(n);
     }
     case 1: { // a 16- or 32-bit field set to an extreme
-        static const std::uint32_t extremes[] = {0, 1, 0x7FFF, 0x8000, 0xFFFF, 0x7FFFFFFF,
-                                                 0x80000000u, 0xFFFFFFFFu, 4096, 4095};
+        static const std::uint32_t extremes[] = {
+            0, 1, 0x7FFF, 0x8000, 0xFFFF, 0x7FFFFFFF, 0x80000000u, 0xFFFFFFFFu, 4096, 4095};
         const qsizetype at = offsetIn(1 + any(pages - 1)) & ~qsizetype(1);
         const std::uint32_t v = extremes[any(10)];
         for (int k = 0; k < 4 && at + k < bytes.size(); ++k) {
@@ -164,19 +170,22 @@ int main(int argc, char** argv) {
     int read = 0;
     int refused = 0;
     for (int i = 0; i < cases; ++i) {
-        const std::size_t base = std::uniform_int_distribution<std::size_t>(0, bases.size() - 1)(rng);
+        const std::size_t base =
+            std::uniform_int_distribution<std::size_t>(0, bases.size() - 1)(rng);
         QByteArray bytes = bases[base];
         const QString what = mutate(bytes, rng);
         const QString path = dir.filePath(u"case.mdb"_s);
         {
             QFile out(path);
-            if (!out.open(QIODevice::WriteOnly | QIODevice::Truncate) || out.write(bytes) != bytes.size()) {
+            if (!out.open(QIODevice::WriteOnly | QIODevice::Truncate) ||
+                out.write(bytes) != bytes.size()) {
                 std::fprintf(stderr, "FAIL: cannot write %s\n", qPrintable(path));
                 return 1;
             }
         }
         g_case = i;
-        g_deadline = nowMs() + std::chrono::duration_cast<std::chrono::milliseconds>(kTimeLimit).count();
+        g_deadline =
+            nowMs() + std::chrono::duration_cast<std::chrono::milliseconds>(kTimeLimit).count();
         try {
             readEverything(path);
             ++read;

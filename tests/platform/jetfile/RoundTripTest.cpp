@@ -81,7 +81,8 @@ void compareProperties(const jetfile::PropertyMap& ours, const QJsonArray& dumpe
         const auto* p = ours.find(name);
         ASSERT_NE(p, nullptr);
         EXPECT_EQ(p->ddl, item[u"ddl"_s].toBool());
-        EXPECT_EQ(show(encode(p->value, item[u"type"_s].toString())), show(expected(item[u"value"_s])));
+        EXPECT_EQ(show(encode(p->value, item[u"type"_s].toString())),
+                  show(expected(item[u"value"_s])));
     }
 }
 
@@ -165,8 +166,9 @@ void compareRows(const jetfile::Database& db, const jetfile::TableDefinition& de
             const QJsonValue ours = encode(cursor.value(int(c)), type);
             const QJsonValue theirs = expected(row[c]);
             if (ours != theirs) {
-                ADD_FAILURE() << "row " << r << " column " << columns[c][u"name"_s].toString().toStdString()
-                              << ": jetfile " << show(ours).substr(0, 200) << ", Jackcess "
+                ADD_FAILURE() << "row " << r << " column "
+                              << columns[c][u"name"_s].toString().toStdString() << ": jetfile "
+                              << show(ours).substr(0, 200) << ", Jackcess "
                               << show(theirs).substr(0, 200);
                 return;
             }
@@ -182,8 +184,8 @@ void compareRelations(const jetfile::Database& db, const QJsonArray& relationshi
     for (const auto& rel : relationships) {
         const QString name = rel[u"name"_s].toString();
         SCOPED_TRACE("relation " + name.toStdString());
-        const auto found = std::find_if(ours.begin(), ours.end(),
-                                        [&](const auto& r) { return r.name == name; });
+        const auto found =
+            std::find_if(ours.begin(), ours.end(), [&](const auto& r) { return r.name == name; });
         ASSERT_NE(found, ours.end());
         EXPECT_EQ(found->referencedTable, rel[u"primary"_s][u"table"_s].toString());
         EXPECT_EQ(found->table, rel[u"foreign"_s][u"table"_s].toString());
@@ -195,7 +197,8 @@ void compareRelations(const jetfile::Database& db, const QJsonArray& relationshi
         for (const auto& c : rel[u"foreign"_s][u"columns"_s].toArray()) {
             foreign << c.toString();
         }
-        EXPECT_EQ(QStringList(found->referencedColumns.begin(), found->referencedColumns.end()), primary);
+        EXPECT_EQ(QStringList(found->referencedColumns.begin(), found->referencedColumns.end()),
+                  primary);
         EXPECT_EQ(QStringList(found->columns.begin(), found->columns.end()), foreign);
         EXPECT_EQ(found->grbit, rel[u"flags"_s].toInt());
         EXPECT_EQ(found->isEnforced(), rel[u"referentialIntegrity"_s].toBool());
@@ -212,7 +215,8 @@ TEST_P(JetFileRoundTrip, ReadsWhatJackcessWrote) {
 #ifndef JETFILE_ROUNDTRIP_DIR
     GTEST_SKIP() << "mdbgen is not available in this build (UPSIZER_MDBGEN=OFF)";
 #else
-    const QString base = QString::fromUtf8(JETFILE_ROUNDTRIP_DIR) + u'/' + QString::fromUtf8(GetParam());
+    const QString base =
+        QString::fromUtf8(JETFILE_ROUNDTRIP_DIR) + u'/' + QString::fromUtf8(GetParam());
     QFile dumpFile(base + u".json"_s);
     ASSERT_TRUE(dumpFile.open(QIODevice::ReadOnly)) << base.toStdString();
     const QJsonObject dump = QJsonDocument::fromJson(dumpFile.readAll()).object();
