@@ -23,6 +23,8 @@ struct CursorState;
 // A cursor is used by one thread at a time; several cursors may read one Database at once.
 class RowCursor {
 public:
+    RowCursor(const RowCursor&) = delete;
+    RowCursor& operator=(const RowCursor&) = delete;
     RowCursor(RowCursor&&) noexcept;
     RowCursor& operator=(RowCursor&&) noexcept;
     ~RowCursor();

@@ -30,6 +30,8 @@ public:
     ~PageSource();
     PageSource(const PageSource&) = delete;
     PageSource& operator=(const PageSource&) = delete;
+    PageSource(PageSource&&) = delete;
+    PageSource& operator=(PageSource&&) = delete;
 
     const QString& path() const noexcept { return m_path; }
     const HeaderInfo& header() const noexcept { return m_header; }
