@@ -87,11 +87,36 @@ bool CursorState::next() {
         if ((dataPage->slotFlags(slot) & kSlotDeleted) != 0) {
             continue;
         }
-        const RowSpan span = dataPage->row(slot);
-        row = span.isOverflow() ? followOverflow(span)
-                                : RowView(*source, dataPage->bytes(), dataPage->number(), span);
+        readSlot();
         return true;
     }
+}
+
+void CursorState::readSlot() {
+    const RowSpan span = dataPage->row(slot);
+    row = span.isOverflow() ? followOverflow(span)
+                            : RowView(*source, dataPage->bytes(), dataPage->number(), span);
+}
+
+bool CursorState::seek(std::uint32_t page, int wanted) {
+    rewind();
+    // The map lists pages in ascending order, so the walk stops at the page or just past it.
+    while (nextPage()) {
+        if (dataPage->number() < page) {
+            continue;
+        }
+        if (dataPage->number() == page && wanted >= 0 && wanted < dataPage->rowCount() &&
+            (dataPage->slotFlags(wanted) & kSlotDeleted) == 0) {
+            slot = wanted;
+            readSlot();
+            return true;
+        }
+        break;
+    }
+    finished = true;
+    dataPage.reset();
+    row = RowView();
+    return false;
 }
 
 } // namespace detail
@@ -111,6 +136,10 @@ bool RowCursor::next() {
 
 void RowCursor::rewind() {
     m_state->rewind();
+}
+
+bool RowCursor::seek(std::uint32_t page, int row) {
+    return m_state->seek(page, row);
 }
 
 const Column& RowCursor::checkedColumn(int column) const {

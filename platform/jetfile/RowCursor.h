@@ -35,6 +35,10 @@ public:
     bool next();
     // Back to before the first row.
     void rewind();
+    // Back to the row whose slot is `row` on data page `page` (as page() and row() told), so
+    // that a caller can keep a bookmark and return to it; next() then goes on from there.
+    // False when no live row of this table is there any more; the cursor is then at the end.
+    bool seek(std::uint32_t page, int row);
 
     // The current row's value of column `column` (a position in table().columns), as described
     // in detail/Values.h: Null when nothing is stored, "" for an empty text.

@@ -18,6 +18,7 @@ struct CursorState {
 
     bool next();
     void rewind();
+    bool seek(std::uint32_t page, int row);
 
     std::shared_ptr<const PageSource> source;
     std::shared_ptr<const ParsedTable> table;
@@ -33,6 +34,7 @@ struct CursorState {
 private:
     bool nextPage();
     RowView followOverflow(RowSpan span);
+    void readSlot();
 };
 
 } // namespace jetfile::detail

@@ -381,3 +381,26 @@ TEST(JetFileFixtures, LongValuesInlineInOneRowAndOverAChainOfPages) {
     EXPECT_EQ(cursor.value(blob).get<QByteArray>()->size(), 22970);
     EXPECT_FALSE(cursor.next());
 }
+
+TEST(JetFileFixtures, SeekReturnsToARowAndGoesOnFromThere) {
+    TestDir dir;
+    const auto db = jetfile::Database::open(dir.copyFixture(u"overflowTestV2000.mdb"_s));
+    auto cursor = db.scan(u"Table1");
+    std::vector<std::pair<std::uint32_t, int>> places;
+    QStringList values;
+    while (cursor.next()) {
+        places.emplace_back(cursor.page(), cursor.row());
+        values << cursor.value(1).toString();
+    }
+    ASSERT_EQ(places.size(), 7u);
+    // Row 3 was moved by Access to another page; its bookmark is its original slot.
+    ASSERT_TRUE(cursor.seek(places[2].first, places[2].second));
+    EXPECT_EQ(cursor.value(1).toString(), values[2]);
+    ASSERT_TRUE(cursor.next());
+    EXPECT_EQ(cursor.value(1).toString(), values[3]);
+    ASSERT_TRUE(cursor.seek(places[0].first, places[0].second));
+    EXPECT_EQ(cursor.value(1).toString(), values[0]);
+    EXPECT_FALSE(cursor.seek(places[0].first, 250));
+    EXPECT_FALSE(cursor.next());
+    EXPECT_FALSE(cursor.seek(1, 0)); // not a page of this table
+}
