@@ -2,7 +2,6 @@
 
 #include "platform/jetfile/detail/CursorState.h"
 #include "platform/jetfile/detail/DatabaseState.h"
-#include "platform/jetfile/detail/PropertyParser.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -74,10 +73,7 @@ std::vector<PropertyMap> Database::properties(QStringView objectName) const {
         throw Error(Error::Kind::NotFound, path(),
                     u"there is no object '%1'"_s.arg(objectName.toString()));
     }
-    const std::size_t at = m_state->entryIndex(*entry);
-    return detail::parseProperties(*m_state->source, m_state->catalogProperties[at],
-                                   u"the properties of '%1'"_s.arg(entry->name),
-                                   m_state->catalogPages[at]);
+    return m_state->entryProperties(m_state->entryIndex(*entry));
 }
 
 std::vector<Relation> Database::relations() const {

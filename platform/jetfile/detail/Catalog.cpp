@@ -54,6 +54,7 @@ private:
 void readCatalog(DatabaseState& state) {
     auto parsed = std::make_shared<const ParsedTable>(
         parseTableDefinition(*state.source, kCatalogPage, u"MSysObjects"_s));
+    state.catalogTable = parsed;
     CursorState cursor(state.source, parsed);
     const SystemRow row(state, cursor);
     const int id = row.column(u"Id", true);
@@ -63,7 +64,7 @@ void readCatalog(DatabaseState& state) {
     const int flags = row.column(u"Flags", false);
     const int created = row.column(u"DateCreate", false);
     const int updated = row.column(u"DateUpdate", false);
-    const int properties = row.column(u"LvProp", false);
+    state.catalogPropertiesColumn = row.column(u"LvProp", false);
     const int database = row.column(u"Database", false);
     const int connect = row.column(u"Connect", false);
     const int foreignName = row.column(u"ForeignName", false);
@@ -79,10 +80,7 @@ void readCatalog(DatabaseState& state) {
         e.database = row.text(database);
         e.connect = row.text(connect);
         e.foreignName = row.text(foreignName);
-        const vb::Variant blob = row.value(properties);
-        const QByteArray* bytes = blob.get<QByteArray>();
-        state.catalogProperties.push_back(bytes != nullptr ? *bytes : QByteArray());
-        state.catalogPages.push_back(cursor.row.page());
+        state.catalogRows.emplace_back(cursor.dataPage->number(), cursor.slot);
         state.catalog.push_back(std::move(e));
     }
 }
@@ -114,10 +112,7 @@ std::shared_ptr<const ParsedTable> DatabaseState::parsedTable(const CatalogEntry
         }
     }
     auto parsed = std::make_shared<ParsedTable>(parseTableDefinition(*source, page, entry.name));
-    const std::size_t at = entryIndex(entry);
-    for (auto& map :
-         parseProperties(*source, catalogProperties[at],
-                         u"the properties of '%1'"_s.arg(entry.name), catalogPages[at])) {
+    for (auto& map : entryProperties(entryIndex(entry))) {
         if (map.name.isEmpty()) {
             parsed->definition.properties = std::move(map);
         } else if (const int column = parsed->definition.columnIndex(map.name); column >= 0) {
@@ -127,6 +122,26 @@ std::shared_ptr<const ParsedTable> DatabaseState::parsedTable(const CatalogEntry
     }
     std::lock_guard lock(m_lock);
     return m_tables.emplace(page, std::move(parsed)).first->second;
+}
+
+std::vector<PropertyMap> DatabaseState::entryProperties(std::size_t at) const {
+    if (catalogPropertiesColumn < 0) {
+        return {};
+    }
+    const auto [page, slot] = catalogRows[at];
+    CursorState cursor(source, catalogTable);
+    if (!cursor.seek(page, slot)) {
+        source->damaged(u"the catalog row of '%1' has gone"_s.arg(catalog[at].name), page);
+    }
+    const auto& column =
+        catalogTable->definition.columns[static_cast<std::size_t>(catalogPropertiesColumn)];
+    const vb::Variant blob = decodeValue(*source, column, cursor.row, cursor.longValues);
+    const QByteArray* bytes = blob.get<QByteArray>();
+    if (bytes == nullptr) {
+        return {};
+    }
+    return parseProperties(*source, *bytes, u"the properties of '%1'"_s.arg(catalog[at].name),
+                           cursor.row.page());
 }
 
 std::vector<Relation> readRelations(const DatabaseState& state) {

@@ -9,6 +9,7 @@
 #include <map>
 #include <memory>
 #include <mutex>
+#include <utility>
 #include <vector>
 
 namespace jetfile::detail {
@@ -19,8 +20,14 @@ inline constexpr std::uint32_t kCatalogPage = 2;
 struct DatabaseState {
     std::shared_ptr<const PageSource> source;
     std::vector<CatalogEntry> catalog;
-    std::vector<QByteArray> catalogProperties; // LvProp of each catalog entry
-    std::vector<std::uint32_t> catalogPages;   // the page of each entry's catalog row
+    // Where each entry's catalog row is (data page, slot), to read its LvProp when asked: the
+    // property blobs are not kept, so opening a file costs memory for the names only.
+    std::vector<std::pair<std::uint32_t, int>> catalogRows;
+    std::shared_ptr<const ParsedTable> catalogTable;
+    int catalogPropertiesColumn = -1;
+
+    // The stored property blocks of catalog entry `at`.
+    std::vector<PropertyMap> entryProperties(std::size_t at) const;
 
     // A table definition, read once and kept.
     std::shared_ptr<const ParsedTable> parsedTable(const CatalogEntry& entry) const;

@@ -71,6 +71,11 @@ void LongValueReader::readChain(std::uint32_t page, int row, QByteArray& out, st
                                 std::uint32_t fieldPage) {
     out.resize(static_cast<qsizetype>(length));
     std::uint32_t done = 0;
+    // Brent's cycle check: a link that comes round to the marked one means a loop, which would
+    // otherwise only end at the declared length.
+    RowPointer mark{page, row};
+    std::uint64_t power = 1;
+    std::uint64_t sinceMark = 0;
     while (done < length) {
         if (page == 0) {
             m_source.damaged(u"a long value chain ends after %1 of %2 bytes"_s.arg(
@@ -93,6 +98,14 @@ void LongValueReader::readChain(std::uint32_t page, int row, QByteArray& out, st
         done += chunk;
         page = next.page;
         row = next.row;
+        if (done < length && page == mark.page && row == mark.row) {
+            m_source.damaged(u"a long value chain comes back to an earlier link"_s, fieldPage);
+        }
+        if (++sinceMark == power) {
+            mark = {page, row};
+            power *= 2;
+            sinceMark = 0;
+        }
     }
 }
 

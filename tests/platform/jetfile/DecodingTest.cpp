@@ -1,11 +1,15 @@
 // The byte-level decoders on hand-made input: compressed text, GUIDs and property blobs,
 // including the malformed blobs that make other readers loop for ever.
+#include "platform/jetfile/Database.h"
 #include "platform/jetfile/Error.h"
+#include "platform/jetfile/detail/CursorState.h"
 #include "platform/jetfile/detail/PageSource.h"
 #include "platform/jetfile/detail/PropertyParser.h"
 #include "platform/jetfile/detail/Text.h"
 
 #include "tests/support/TestFiles.h"
+
+#include <QFile>
 
 #include <gtest/gtest.h>
 
@@ -125,4 +129,48 @@ TEST_F(JetFileProperties, MalformedBlobsEndInAnErrorNotALoop) {
     expectDamaged(head.left(head.size() - 3), u"a property chunk of length 24"_s);
     expectDamaged(head + block(1, u"c"_s, value(8, 0, QByteArray(8, char(0xFF)))),
                   u"a date property that is not a number"_s);
+}
+
+TEST(JetFileLongValues, AChainThatLoopsEndsInAnError) {
+    TestDir dir;
+    const QString path = dir.copyFixture(u"test2V2000.mdb"_s);
+    qint64 linkAt = 0;
+    QByteArray self(4, 0);
+    {
+        const auto db = jetfile::Database::open(path);
+        const auto* entry = db.findObject(u"MSP_PROJECTS");
+        ASSERT_NE(entry, nullptr);
+        auto source = PageSource::open(path);
+        auto table = std::make_shared<const ParsedTable>(
+            parseTableDefinition(*source, entry->tablePage(), entry->name));
+        CursorState cursor(source, table);
+        ASSERT_TRUE(cursor.next());
+        const auto& blob = *table->definition.column(u"RESERVED_BINARY_DATA");
+        const std::uint8_t* field = nullptr;
+        std::size_t size = 0;
+        cursor.row.data(blob, field, size);
+        ASSERT_EQ(size, 12u);
+        ASSERT_EQ(field[3] & 0xC0, 0); // a chain of long-value rows
+        const RowPointer first = RowPointer::read(field + 4);
+        PageBuffer buffer;
+        const DataPage page(*source, source->page(first.page, buffer), first.page);
+        linkAt = qint64(first.page) * 4096 + page.row(first.row).start;
+        self = QByteArray(reinterpret_cast<const char*>(field + 4), 4);
+    }
+    // The first link now points at itself.
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    file.seek(linkAt);
+    file.write(self);
+    file.close();
+
+    const auto db = jetfile::Database::open(path);
+    auto cursor = db.scan(u"MSP_PROJECTS");
+    ASSERT_TRUE(cursor.next());
+    try {
+        (void)cursor.value(u"RESERVED_BINARY_DATA");
+        FAIL() << "a looping chain was read";
+    } catch (const jetfile::Error& e) {
+        EXPECT_TRUE(e.reason().contains(u"comes back to an earlier link"_s)) << e.what();
+    }
 }
