@@ -5,6 +5,12 @@
 #   upsizer_mdb(<target> DESCRIPTION <json> OUTPUT <mdb> [ROWS <n>] [TABLE_ROWS <table=n>...]
 #               [DEPENDS <targets>...])
 #   upsizer_mdb_dump(<target> INPUT <mdb> OUTPUT <json> [USER_ROWS_ONLY] [DEPENDS <targets>...])
+#   upsizer_solvaria_mdb(<target> OUTPUT <mdb> [ROWS <n>] [VARIANT <v>] [DEPENDS <targets>...])
+#
+# Ready-made Solvaria-shaped sources in ${MDBGEN_SOLVARIA_DIR} (none is part of "all"):
+#   solvaria_small       solvaria-small.mdb, 1,000 records in the main archive
+#   solvaria_findings_V  solvaria-findings-V.mdb for V in dates nullkey memoindex index900 index901
+#   solvaria_bench       solvaria-200k.mdb, 200,000 records in the main archive
 #
 # Both make the file at build time; tests depend on <target>. MDBGEN_AVAILABLE tells whether
 # the tool can be built here (it needs a Java 17 runtime and Maven with Maven Central).
@@ -104,3 +110,47 @@ function(upsizer_mdb_dump target)
         add_dependencies(${target} ${arg_DEPENDS})
     endif()
 endfunction()
+
+# A QZSystem.mdb of the suite's shape, built from schema/catalogue.tsv (see tools/mdbgen/README.md,
+# "Solvaria-shaped sources"). ROWS is the record count of the main archive (default 1000);
+# VARIANT adds one archive with a verification finding.
+function(upsizer_solvaria_mdb target)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "OUTPUT;ROWS;VARIANT" "DEPENDS")
+    if(NOT arg_OUTPUT)
+        message(FATAL_ERROR "upsizer_solvaria_mdb(${target}): OUTPUT is required")
+    endif()
+    if(NOT MDBGEN_AVAILABLE)
+        return()
+    endif()
+    get_filename_component(output ${arg_OUTPUT} ABSOLUTE BASE_DIR ${CMAKE_CURRENT_BINARY_DIR})
+    set(options)
+    if(DEFINED arg_ROWS)
+        list(APPEND options --rows ${arg_ROWS})
+    endif()
+    if(DEFINED arg_VARIANT)
+        list(APPEND options --variant ${arg_VARIANT})
+    endif()
+    add_custom_command(
+        OUTPUT ${output}
+        COMMAND ${Java_JAVA_EXECUTABLE} ${MDBGEN_JAVA_OPTIONS} -jar ${MDBGEN_JAR} solvaria
+                --catalogue ${MDBGEN_CATALOGUE} ${options} ${output}
+        DEPENDS ${MDBGEN_CATALOGUE} ${MDBGEN_STAMP} mdbgen_jar
+        COMMENT "mdbgen solvaria: ${arg_OUTPUT}"
+        VERBATIM)
+    add_custom_target(${target} DEPENDS ${output})
+    if(arg_DEPENDS)
+        add_dependencies(${target} ${arg_DEPENDS})
+    endif()
+endfunction()
+
+set(MDBGEN_CATALOGUE ${CMAKE_CURRENT_LIST_DIR}/../schema/catalogue.tsv)
+get_filename_component(MDBGEN_CATALOGUE ${MDBGEN_CATALOGUE} ABSOLUTE)
+set(MDBGEN_SOLVARIA_DIR ${CMAKE_BINARY_DIR}/solvaria)
+if(MDBGEN_AVAILABLE)
+    upsizer_solvaria_mdb(solvaria_small OUTPUT ${MDBGEN_SOLVARIA_DIR}/solvaria-small.mdb ROWS 1000)
+    foreach(variant dates nullkey memoindex index900 index901)
+        upsizer_solvaria_mdb(solvaria_findings_${variant}
+            OUTPUT ${MDBGEN_SOLVARIA_DIR}/solvaria-findings-${variant}.mdb ROWS 20 VARIANT ${variant})
+    endforeach()
+    upsizer_solvaria_mdb(solvaria_bench OUTPUT ${MDBGEN_SOLVARIA_DIR}/solvaria-200k.mdb ROWS 200000)
+endif()

@@ -20,6 +20,7 @@ public final class Main {
             "  mdbgen build [--rows N] [--rows TABLE=N]... <description.json> <out.mdb>",
             "  mdbgen dump [--user-rows-only] <in.mdb> <out.json | ->",
             "  mdbgen password <in.mdb>",
+            "  mdbgen solvaria --catalogue <catalogue.tsv> [--rows N] [--variant V] [--description <out.json>] <out.mdb>",
             "");
 
     /**
@@ -55,6 +56,7 @@ public final class Main {
             case "build": return build(rest);
             case "dump": return dump(rest);
             case "password": return password(rest);
+            case "solvaria": return solvaria(rest);
             case "--help": case "-h": case "help":
                 System.out.print(USAGE);
                 return 0;
@@ -121,6 +123,47 @@ public final class Main {
             return 2;
         }
         new Dumper(userRowsOnly).dump(Path.of(a.get(0)), a.get(1).equals("-") ? null : Path.of(a.get(1)));
+        return 0;
+    }
+
+    private static int solvaria(List<String> a) throws IOException {
+        Path catalogue = null;
+        Path descriptionOut = null;
+        long rows = 1000;
+        String variant = "none";
+        while (!a.isEmpty() && a.get(0).startsWith("--")) {
+            String opt = a.remove(0);
+            if (a.isEmpty()) {
+                System.err.print("mdbgen: " + opt + " needs a value\n" + USAGE);
+                return 2;
+            }
+            String v = a.remove(0);
+            switch (opt) {
+                case "--catalogue": catalogue = Path.of(v); break;
+                case "--description": descriptionOut = Path.of(v); break;
+                case "--variant": variant = v; break;
+                case "--rows":
+                    try {
+                        rows = Long.parseLong(v);
+                    } catch (NumberFormatException e) {
+                        System.err.print("mdbgen: --rows takes a number\n" + USAGE);
+                        return 2;
+                    }
+                    break;
+                default:
+                    System.err.print("mdbgen: unknown option " + opt + "\n" + USAGE);
+                    return 2;
+            }
+        }
+        if (a.size() != 1 || catalogue == null) {
+            System.err.print(USAGE);
+            return 2;
+        }
+        JsonNode description = Solvaria.describe(CatalogueFile.read(catalogue), rows, variant);
+        if (descriptionOut != null) {
+            new ObjectMapper().writerWithDefaultPrettyPrinter().writeValue(descriptionOut.toFile(), description);
+        }
+        new Builder(new Desc(description, "solvaria"), null, Map.of(), System.err).build(Path.of(a.get(0)));
         return 0;
     }
 
