@@ -1,0 +1,76 @@
+#pragma once
+
+#include "platform/ado/Provider.h"
+
+#include <functional>
+#include <optional>
+#include <vector>
+
+namespace ado {
+
+// Walks a provider rowset as ADO walks a recordset: BOF and EOF, moves, bookmarks, absolute
+// positions and the rows a filter lets through. On a scrollable cursor it keeps the id of every
+// row fetched so far (8 bytes a row), so that it can go back; a forward-only cursor keeps nothing
+// and holds only the provider's current row.
+class RowNavigator {
+public:
+    // `matches` tests the provider's current row against the filter; null lets every row through.
+    void attach(ProviderRowset* rowset, bool scrollable);
+    void detach();
+    void setMatcher(std::function<bool()> matches);
+
+    bool scrollable() const noexcept { return m_scrollable; }
+    bool bof() const noexcept { return m_bof; }
+    bool eof() const noexcept { return m_eof; }
+    bool hasCurrent() const noexcept { return !m_bof && !m_eof; }
+
+    // Each positions on the first matching row in its direction, or leaves BOF or EOF set. The
+    // caller has checked that a move from BOF or EOF is allowed.
+    void first();
+    void next();
+    void previous();
+    void last();
+
+    // Makes the provider's current row ours again; false when it has gone (deleted).
+    bool positionProvider();
+    RowId currentRowId() const;
+
+    // Bookmarks are 1-based positions in the unfiltered sequence of rows, stable under filters.
+    double bookmark() const;
+    // False when the bookmark names no row of this rowset.
+    bool gotoBookmark(double bookmark);
+    std::optional<double> bookmarkOf(RowId id) const;
+
+    // The 1-based position among matching rows, counted when not known.
+    long absolutePosition();
+    bool setAbsolutePosition(long position);
+    // -1 on a forward-only cursor.
+    long recordCount();
+
+    // A row the provider has just inserted: it joins the sequence at its end and becomes current.
+    void appendRow(RowId id);
+
+private:
+    static constexpr std::size_t npos = static_cast<std::size_t>(-1);
+    bool resumeFetching();
+    bool fetchUntil(std::size_t index);
+    bool matchesAt(std::size_t index);
+    std::size_t findForward(std::size_t from);
+    std::size_t findBackward(std::size_t from);
+    void setCurrent(std::size_t index, bool atEndIfNone);
+    bool forwardToMatch();
+
+    ProviderRowset* m_rowset = nullptr;
+    bool m_scrollable = false;
+    std::function<bool()> m_matches;
+    std::vector<RowId> m_keys;
+    bool m_complete = false;
+    std::size_t m_pos = npos;        // index in m_keys of the current row
+    std::size_t m_providerAt = npos; // index in m_keys the provider stands on
+    bool m_bof = true;
+    bool m_eof = true;
+    long m_ordinal = 0; // position among matching rows; 0 when not known
+    bool m_started = false;
+};
+
+} // namespace ado
