@@ -12,5 +12,15 @@ target_sources(platform PRIVATE
     ${_sqlserver}/odbc/InstancePort.cpp
     ${_sqlserver}/odbc/SchemaQueries.cpp
     ${_sqlserver}/odbc/StaticRowsets.cpp)
+# The provider itself stands on the ADO object model and registers under its names.
+if(EXISTS ${_sqlserver}/../Provider.h AND EXISTS ${_sqlserver}/../sources.cmake)
+    target_sources(platform PRIVATE
+        ${_sqlserver}/AdoErrors.cpp
+        ${_sqlserver}/ServerRowset.cpp
+        ${_sqlserver}/Session.cpp
+        ${_sqlserver}/ServerCatalog.cpp
+        ${_sqlserver}/SqlServerProvider.cpp)
+    target_compile_definitions(platform PRIVATE UPSIZER_ADO_SQLSERVER)
+endif()
 find_package(Qt6 REQUIRED COMPONENTS Network)
 target_link_libraries(platform PRIVATE ODBC::ODBC Qt6::Network)

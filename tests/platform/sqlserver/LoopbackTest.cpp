@@ -144,20 +144,3 @@ TEST(Loopback, InstanceLookupAsksTheBrowserForOneInstance) {
     // CLNT_UCAST_INST: 0x04, the instance name, a terminating zero.
     EXPECT_EQ(browser.request(), QByteArray("\x04sqlexpress", 11) + '\0');
 }
-
-TEST(Loopback, BrowserAnswersAreParsedDefensively) {
-    const QByteArray two = answer("ServerName;S;InstanceName;A;IsClustered;No;Version;9.00;np;"
-                                  "\\\\S\\pipe;;ServerName;S;InstanceName;B;IsClustered;No;"
-                                  "Version;9.00;tcp;1500;;");
-    EXPECT_EQ(tcpPortFromAnswer(two, u"B"_s), 1500);
-    EXPECT_EQ(tcpPortFromAnswer(two, u"A"_s), 0); // no TCP for that one
-    EXPECT_EQ(tcpPortFromAnswer(two, u"C"_s), 0);
-    EXPECT_EQ(tcpPortFromAnswer(QByteArray(), u"B"_s), 0);
-    EXPECT_EQ(tcpPortFromAnswer(QByteArray("\x05\xff\xff", 3), u"B"_s), 0);
-    EXPECT_EQ(tcpPortFromAnswer(answer("InstanceName;B;tcp;99999;;"), u"B"_s), 0);
-    EXPECT_EQ(tcpPortFromAnswer(answer("InstanceName;B;tcp;"), u"B"_s), 0);
-    // A declared length longer than the datagram reads only what is there.
-    QByteArray cut = answer("InstanceName;B;tcp;1600;;");
-    cut[1] = char(0xF0);
-    EXPECT_EQ(tcpPortFromAnswer(cut, u"B"_s), 1600);
-}

@@ -124,6 +124,7 @@ SQLRETURN RecordingOdbc::endTran(SQLHDBC dbc, SQLSMALLINT completion) {
 SQLRETURN RecordingOdbc::execDirect(SQLHSTMT stmt, const QString& text) {
     State& s = state(stmt);
     log << u"SQLExecDirect "_s + text;
+    fetchesBeforeExec.push_back(fetches);
     lastParameterBytes.clear();
     for (const auto& [number, bound] : s.parameters) {
         lastParameterBytes.push_back(
@@ -180,6 +181,7 @@ SQLRETURN RecordingOdbc::rowCount(SQLHSTMT stmt, SQLLEN* count) {
 
 SQLRETURN RecordingOdbc::fetch(SQLHSTMT stmt) {
     State& s = state(stmt);
+    ++fetches;
     const Result* r = current(s);
     s.readColumn = 0;
     if (r == nullptr || s.row >= r->rows.size()) {

@@ -40,6 +40,10 @@ public:
     std::map<SQLUSMALLINT, QString> info;
 
     QStringList log;
+    // SQLFetch is not logged (rows would drown the statements); it is counted, and each
+    // SQLExecDirect notes how many fetches came before it.
+    int fetches = 0;
+    std::vector<int> fetchesBeforeExec;
     // Bytes of each bound parameter as the driver would read them at execution.
     std::vector<QByteArray> lastParameterBytes;
     int openHandles() const { return static_cast<int>(m_handles.size()); }

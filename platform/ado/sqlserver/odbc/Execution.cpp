@@ -23,8 +23,12 @@ bool endsTheBatch(const std::vector<DiagRecord>& records) {
 } // namespace
 
 Execution::Execution(Connection& connection, const QString& text,
-                     const std::vector<ParameterValue>& parameters)
+                     const std::vector<ParameterValue>& parameters, int timeoutSeconds)
     : m_stmt(connection.statement()) {
+    if (timeoutSeconds >= 0) {
+        m_stmt.check(m_stmt.api().setStmtAttr(m_stmt.get(), SQL_ATTR_QUERY_TIMEOUT,
+                                              static_cast<SQLULEN>(timeoutSeconds)));
+    }
     m_parameters.bind(m_stmt, parameters);
     if (!accept(m_stmt.api().execDirect(m_stmt.get(), text))) {
         nextResult();
@@ -138,9 +142,9 @@ void Execution::finish() {
 }
 
 BatchResult runBatch(Connection& connection, const QString& text,
-                     const std::vector<ParameterValue>& parameters) {
+                     const std::vector<ParameterValue>& parameters, int timeoutSeconds) {
     BatchResult result;
-    Execution run(connection, text, parameters);
+    Execution run(connection, text, parameters, timeoutSeconds);
     do {
         if (!run.columns().empty()) {
             ResultSet set;

@@ -27,8 +27,9 @@ using Row = std::vector<vb::Variant>;
 // Execution is always read to its end: finish() drains it, and the destructor does too.
 class Execution {
 public:
+    // A time-out of 0 waits for ever; a negative one keeps the driver's default.
     Execution(Connection& connection, const QString& text,
-              const std::vector<ParameterValue>& parameters = {});
+              const std::vector<ParameterValue>& parameters = {}, int timeoutSeconds = -1);
     ~Execution();
     Execution(const Execution&) = delete;
     Execution& operator=(const Execution&) = delete;
@@ -80,6 +81,6 @@ struct BatchResult {
 // Runs the batch to its end; throws Failure with every record of the batch when any statement
 // failed, after the last statement has run.
 BatchResult runBatch(Connection& connection, const QString& text,
-                     const std::vector<ParameterValue>& parameters = {});
+                     const std::vector<ParameterValue>& parameters = {}, int timeoutSeconds = -1);
 
 } // namespace odbc

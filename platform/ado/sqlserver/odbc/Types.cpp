@@ -103,4 +103,69 @@ long definedSize(int adoType, const ColumnDescription& column) {
     }
 }
 
+int catalogType(const QString& typeName, long maxLength) {
+    const QString t = typeName.toLower();
+    const bool max = maxLength == -1;
+    if (t == u"nvarchar") {
+        return max ? adtype::LongVarWChar : adtype::VarWChar;
+    }
+    if (t == u"varchar") {
+        return max ? adtype::LongVarChar : adtype::VarChar;
+    }
+    if (t == u"varbinary") {
+        return max ? adtype::LongVarBinary : adtype::VarBinary;
+    }
+    struct Entry {
+        const char16_t* name;
+        int type;
+    };
+    static constexpr Entry kTypes[] = {
+        {u"nchar", adtype::WChar},       {u"ntext", adtype::LongVarWChar},
+        {u"xml", adtype::LongVarWChar},  {u"char", adtype::Char},
+        {u"text", adtype::LongVarChar},  {u"binary", adtype::Binary},
+        {u"image", adtype::LongVarBinary}, {u"timestamp", adtype::Binary},
+        {u"int", adtype::Integer},       {u"smallint", adtype::SmallInt},
+        {u"tinyint", adtype::UnsignedTinyInt}, {u"bigint", adtype::BigInt},
+        {u"bit", adtype::Boolean},       {u"float", adtype::Double},
+        {u"real", adtype::Single},       {u"money", adtype::Currency},
+        {u"smallmoney", adtype::Currency}, {u"datetime", adtype::DBTimeStamp},
+        {u"smalldatetime", adtype::DBTimeStamp}, {u"decimal", adtype::Numeric},
+        {u"numeric", adtype::Numeric},   {u"uniqueidentifier", adtype::Guid},
+        {u"sql_variant", adtype::Variant},
+    };
+    for (const Entry& e : kTypes) {
+        if (t == QStringView(e.name)) {
+            return e.type;
+        }
+    }
+    return adtype::VarWChar; // date, time, datetime2, datetimeoffset: text to MDAC clients
+}
+
+long catalogSize(const QString& typeName, long maxLength) {
+    const QString t = typeName.toLower();
+    if (t == u"ntext" || t == u"xml" || ((t == u"nvarchar" || t == u"nchar") && maxLength == -1)) {
+        return 1073741823;
+    }
+    if (t == u"nvarchar" || t == u"nchar") {
+        return maxLength / 2;
+    }
+    if (t == u"text" || t == u"image" || maxLength == -1) {
+        return 2147483647;
+    }
+    return maxLength;
+}
+
+bool isFixedType(const QString& typeName) {
+    static constexpr const char16_t* kVariable[] = {u"varchar", u"nvarchar", u"varbinary",
+                                                    u"text",    u"ntext",    u"image",
+                                                    u"xml",     u"sql_variant"};
+    const QString t = typeName.toLower();
+    for (const char16_t* name : kVariable) {
+        if (t == QStringView(name)) {
+            return false;
+        }
+    }
+    return true;
+}
+
 } // namespace odbc

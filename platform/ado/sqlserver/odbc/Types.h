@@ -48,4 +48,10 @@ long definedSize(int adoType, const ColumnDescription& column);
 bool isTextType(int adoType);
 bool isBinaryType(int adoType);
 
+// ADOX's view of a column of server type `typeName` (sys.types) with sys.columns.max_length:
+// its ADO type, its DefinedSize, and whether its values have one fixed size.
+int catalogType(const QString& typeName, long maxLength);
+long catalogSize(const QString& typeName, long maxLength);
+bool isFixedType(const QString& typeName);
+
 } // namespace odbc

@@ -1,0 +1,347 @@
+// The provider through ADO's own objects, over the recording ODBC layer: what a Connection,
+// Command, Recordset, OpenSchema and ADOX call turns into at the driver, and what comes back.
+#include "platform/ado/Command.h"
+#include "platform/ado/Connection.h"
+#include "platform/ado/ProviderRegistry.h"
+#include "platform/ado/Recordset.h"
+#include "platform/ado/adox/Catalog.h"
+#include "platform/ado/sqlserver/SqlServerProvider.h"
+#include "platform/ado/sqlserver/odbc/SchemaQueries.h"
+#include "tests/platform/sqlserver/RecordingOdbc.h"
+#include "tests/support/Printers.h"
+
+#include <gtest/gtest.h>
+
+#include <sqlucode.h>
+
+using namespace Qt::StringLiterals;
+using namespace ado;
+using R = RecordingOdbc;
+
+namespace {
+
+odbc::ColumnDescription col(const QString& name, SQLSMALLINT type, SQLULEN size = 0,
+                            SQLSMALLINT digits = 0) {
+    return odbc::ColumnDescription{name, type, size, digits, SQL_NULLABLE};
+}
+
+R::Batch versionAnswer() {
+    return {R::rows({col(u"v"_s, SQL_WVARCHAR, 128)}, {u"nvarchar"_s},
+                    {{vb::Variant(u"12.0.2000.8"_s)}})};
+}
+
+class ProviderTest : public ::testing::Test {
+protected:
+    std::shared_ptr<sqlserver::SqlServerProvider> makeProvider() {
+        sqlserver::Transport t;
+        t.api = &api;
+        t.driver = odbc::Driver::FreeTds;
+        t.resolvePort = [this](const QString& host, const QString& instance, int timeoutMs) {
+            lookups << u"%1\\%2 %3ms"_s.arg(host, instance, QString::number(timeoutMs));
+            return 50123;
+        };
+        return std::make_shared<sqlserver::SqlServerProvider>(u"SQLOLEDB.1"_s, t);
+    }
+    void TearDown() override {
+        if (connection->State() != 0) {
+            connection->Close();
+        }
+        EXPECT_EQ(api.openHandles(), 0) << "a handle was not freed";
+    }
+    void open(const QString& extra = {}) {
+        api.batches.push_back(versionAnswer());
+        connection->Open(u"Provider=SQLOLEDB;Data Source=127.0.0.1,1433;Initial Catalog=Archivio;"
+                         u"User ID=sa;Password=pw"_s + extra);
+        api.log.clear();
+        api.fetches = 0;
+        api.fetchesBeforeExec.clear();
+    }
+    QStringList calls(const QString& prefix) const { return api.log.filter(prefix); }
+
+    RecordingOdbc api;
+    QStringList lookups;
+    std::shared_ptr<sqlserver::SqlServerProvider> provider = makeProvider();
+    ScopedProvider scope{u"SQLOLEDB"_s, provider};
+    ConnectionPtr connection = Connection::create();
+};
+
+} // namespace
+
+TEST_F(ProviderTest, OpenTranslatesTheStringAndAsksTheVersion) {
+    api.batches.push_back(versionAnswer());
+    connection->Open(u"Provider=SQLOLEDB;Data Source=srv\\ARCHIVIO;Initial Catalog=Archivio;"
+                     u"User ID=sa;Password=p;w;Connect Timeout=5;Persist Security Info=False"_s
+                         .replace(u"p;w"_s, u"'p;w'"_s));
+    EXPECT_EQ(lookups, QStringList{u"srv\\ARCHIVIO 5000ms"_s});
+    ASSERT_EQ(calls(u"SQLDriverConnect"_s).size(), 1);
+    EXPECT_EQ(calls(u"SQLDriverConnect"_s).at(0),
+              u"SQLDriverConnect DRIVER={FreeTDS};Server=srv;Port=50123;Database=Archivio;UID=sa;"
+              u"PWD={p;w};TDS_Version=7.4;ClientCharset=UTF-8;Encryption=request;"_s);
+    EXPECT_TRUE(calls(u"SQLSetConnectAttr 103=5"_s).size() == 1) << api.log.join(u'\n').toStdString();
+    EXPECT_EQ(calls(u"SQLExecDirect"_s),
+              QStringList{u"SQLExecDirect "_s + odbc::productVersionQuery()});
+    EXPECT_EQ(connection->Provider(), u"SQLOLEDB.1"_s);
+    EXPECT_EQ(connection->Properties().Item(u"DBMS Version"_s).Value(),
+              vb::Variant(u"12.00.2000"_s));
+    EXPECT_EQ(connection->Properties().Item(u"Data Source"_s).Value(),
+              vb::Variant(u"srv\\ARCHIVIO"_s));
+    EXPECT_EQ(connection->Properties().Item(u"User ID"_s).Value(), vb::Variant(u"sa"_s));
+    // Without Persist Security Info the password is not read back from the string.
+    EXPECT_FALSE(connection->ConnectionString().contains(u"p;w"_s)) << connection->ConnectionString().toStdString();
+    EXPECT_TRUE(connection->ConnectionString().contains(u"Initial Catalog=Archivio"_s));
+}
+
+TEST_F(ProviderTest, RefusedLoginListsEveryRecordInErrors) {
+    api.connectResult = SQL_ERROR;
+    api.connectDiagnostics = {
+        R::diag(u"42000"_s, 18456, u"[FreeTDS][SQL Server]Login failed for user 'sa'."_s),
+        R::diag(u"08001"_s, 0, u"[FreeTDS][SQL Server]Unable to connect to data source"_s)};
+    try {
+        connection->Open(u"Provider=SQLOLEDB;Data Source=127.0.0.1;User ID=sa;Password=x"_s);
+        FAIL() << "opened";
+    } catch (const Error& e) {
+        // Whatever stops a login is an unspecified failure to ADO; the number tells them apart.
+        EXPECT_EQ(e.hresult(), static_cast<std::int32_t>(0x80004005u)) << e.what();
+        EXPECT_EQ(e.nativeError(), 18456);
+        EXPECT_EQ(e.sqlState(), u"42000"_s);
+        EXPECT_EQ(e.description(), u"Login failed for user 'sa'."_s);
+        EXPECT_EQ(e.source(), u"Microsoft OLE DB Provider for SQL Server"_s);
+    }
+    EXPECT_EQ(connection->State(), 0);
+    ASSERT_EQ(connection->Errors().Count(), 2);
+    EXPECT_EQ(connection->Errors().Item(0).nativeError(), 18456);
+    EXPECT_EQ(connection->Errors().Item(1).sqlState(), u"08001"_s);
+}
+
+TEST_F(ProviderTest, AnErrorInTheSecondStatementIsThrownAfterTheLastStatementRan) {
+    open();
+    api.batches.push_back(
+        {R::count(1),
+         R::error(u"23000"_s, 2627,
+                  u"[FreeTDS][SQL Server]Violation of PRIMARY KEY constraint 'PK_T'. Cannot "
+                  u"insert duplicate key in object 'dbo.T'."_s),
+         R::count(1)});
+    try {
+        connection->Execute(u"insert into T values (1); insert into T values (1); "
+                            u"insert into L values ('done')"_s);
+        FAIL() << "no error";
+    } catch (const Error& e) {
+        EXPECT_TRUE(e.is(HResult::DB_E_INTEGRITYVIOLATION)) << e.what();
+        EXPECT_EQ(e.nativeError(), 2627);
+        EXPECT_TRUE(e.description().startsWith(u"Violation of PRIMARY KEY constraint 'PK_T'"_s));
+    }
+    // Every result was read: the third statement's count came through SQLMoreResults.
+    EXPECT_EQ(calls(u"SQLMoreResults"_s).size(), 3);
+    EXPECT_EQ(connection->Errors().Count(), 1);
+    // The connection is free for the next statement.
+    long affected = 0;
+    api.batches.push_back({R::count(4)});
+    connection->Execute(u"delete from T"_s, &affected);
+    EXPECT_EQ(affected, 4);
+}
+
+TEST_F(ProviderTest, CommandTimeOutInTheStringBeatsTheCommandsOwn) {
+    open(u";Command Properties='Command Time Out=0'"_s);
+    connection->setCommandTimeout(30);
+    connection->Execute(u"create database X"_s);
+    EXPECT_EQ(calls(u"SQLSetStmtAttr 0="_s), QStringList{u"SQLSetStmtAttr 0=0"_s})
+        << api.log.join(u'\n').toStdString();
+}
+
+TEST_F(ProviderTest, TransactionsNestOnceAndRollBackOnClose) {
+    open();
+    EXPECT_EQ(connection->BeginTrans(), 1);
+    EXPECT_THROW(connection->BeginTrans(), Error);
+    connection->CommitTrans();
+    EXPECT_THROW(connection->CommitTrans(), Error);
+    connection->BeginTrans();
+    connection->Close();
+    EXPECT_EQ(api.log, QStringList({u"SQLSetConnectAttr 102=0"_s, u"SQLEndTran commit"_s,
+                                    u"SQLSetConnectAttr 102=1"_s, u"SQLSetConnectAttr 102=0"_s,
+                                    u"SQLEndTran rollback"_s, u"SQLSetConnectAttr 102=1"_s,
+                                    u"SQLDisconnect"_s}));
+}
+
+TEST_F(ProviderTest, CommandParametersAreBoundByTheirAdoType) {
+    open();
+    Command cmd;
+    cmd.setActiveConnection(connection);
+    cmd.setCommandText(u"insert into T (A, B, C, D) values (?, ?, ?, ?)"_s);
+    cmd.Parameters().Append(cmd.CreateParameter(u"A"_s, DataTypeEnum::adInteger,
+                                                ParameterDirectionEnum::adParamInput, 0,
+                                                vb::Variant(std::int32_t(7))));
+    cmd.Parameters().Append(cmd.CreateParameter(u"B"_s, DataTypeEnum::adVarWChar,
+                                                ParameterDirectionEnum::adParamInput, 50,
+                                                vb::Variant(u"città"_s)));
+    cmd.Parameters().Append(cmd.CreateParameter(u"C"_s, DataTypeEnum::adVarWChar,
+                                                ParameterDirectionEnum::adParamInput, 50,
+                                                vb::Variant(vb::Null{})));
+    cmd.Parameters().Append(cmd.CreateParameter(u"D"_s, DataTypeEnum::adLongVarWChar,
+                                                ParameterDirectionEnum::adParamInput, 9000,
+                                                vb::Variant(QString(9000, u'x'))));
+    api.batches.push_back({R::count(1)});
+    long affected = 0;
+    cmd.Execute(&affected);
+    EXPECT_EQ(affected, 1);
+    EXPECT_EQ(calls(u"SQLBindParameter"_s),
+              QStringList({u"SQLBindParameter 1 c=-16 sql=4 size=10 digits=0"_s,
+                           u"SQLBindParameter 2 c=-8 sql=-9 size=50 digits=0"_s,
+                           u"SQLBindParameter 3 c=-8 sql=-9 size=50 digits=0"_s,
+                           u"SQLBindParameter 4 c=-8 sql=-10 size=9000 digits=0"_s}));
+    ASSERT_EQ(api.lastParameterBytes.size(), 4u);
+    EXPECT_EQ(api.lastParameterBytes.at(1),
+              QByteArray(reinterpret_cast<const char*>(u"città"), 10));
+    EXPECT_EQ(api.lastParameterBytes.at(2), QByteArray("<null>")) << "NULL sent as a value";
+    EXPECT_EQ(api.lastParameterBytes.at(3).size(), 18000);
+}
+
+TEST_F(ProviderTest, OutputParametersAreRefusedClearly) {
+    open();
+    Command cmd;
+    cmd.setActiveConnection(connection);
+    cmd.setCommandText(u"p"_s);
+    cmd.setCommandType(CommandTypeEnum::adCmdStoredProc);
+    cmd.Parameters().Append(cmd.CreateParameter(u"R"_s, DataTypeEnum::adInteger,
+                                                ParameterDirectionEnum::adParamOutput));
+    try {
+        cmd.Execute();
+        FAIL() << "ran";
+    } catch (const Error& e) {
+        EXPECT_TRUE(e.is(HResult::DB_E_NOTSUPPORTED));
+    }
+    EXPECT_TRUE(calls(u"SQLExecDirect"_s).isEmpty());
+}
+
+TEST_F(ProviderTest, KeysetRecordsetsAreBufferedAndMoveBothWays) {
+    open();
+    api.batches.push_back({R::rows({col(u"ID"_s, SQL_INTEGER, 10), col(u"Name"_s, SQL_WVARCHAR, 50),
+                                    col(u"Paid"_s, SQL_DECIMAL, 19, 4)},
+                                   {u"int"_s, u"nvarchar"_s, u"money"_s},
+                                   {{vb::Variant(std::int32_t(1)), vb::Variant(u"Rossi"_s),
+                                     vb::Variant(u"12.5000"_s)},
+                                    {vb::Variant(std::int32_t(2)), vb::Variant(u"Bianchi"_s),
+                                     vb::Variant(vb::Null{})},
+                                    {vb::Variant(std::int32_t(3)), vb::Variant(u"Rossetti"_s),
+                                     vb::Variant(u"0.0100"_s)}})});
+    auto rs = std::make_shared<Recordset>();
+    rs->Open(u"select ID, Name, Paid from T"_s, connection, CursorTypeEnum::adOpenKeyset,
+             LockTypeEnum::adLockReadOnly);
+    EXPECT_EQ(rs->Fields().Item(0L).Type(), DataTypeEnum::adInteger);
+    EXPECT_EQ(rs->Fields().Item(1L).Type(), DataTypeEnum::adVarWChar);
+    EXPECT_EQ(rs->Fields().Item(2L).Type(), DataTypeEnum::adCurrency);
+    EXPECT_EQ(rs->RecordCount(), 3);
+    rs->MoveLast();
+    EXPECT_EQ(rs->Fields().Item(u"Name"_s).Value(), vb::Variant(u"Rossetti"_s));
+    rs->MovePrevious();
+    EXPECT_TRUE(rs->Fields().Item(u"Paid"_s).Value().isNull());
+    rs->setFilter(u"Name like 'Ross%'"_s);
+    EXPECT_EQ(rs->RecordCount(), 2);
+    rs->MoveFirst();
+    EXPECT_EQ(rs->Fields().Item(u"Paid"_s).Value(), vb::Variant(vb::Currency{125000}));
+    rs->Close();
+    // The statement was read to its end before the rows were handed over.
+    EXPECT_EQ(api.fetches, 4);
+    EXPECT_EQ(calls(u"SQLMoreResults"_s).size(), 1);
+}
+
+TEST_F(ProviderTest, AForwardOnlyResultIsReadIntoMemoryWhenTheConnectionIsNeededAgain) {
+    open();
+    std::vector<std::vector<vb::Variant>> rows;
+    for (int i = 1; i <= 3; ++i) {
+        rows.push_back({vb::Variant(std::int32_t(i))});
+    }
+    api.batches.push_back({R::rows({col(u"N"_s, SQL_INTEGER, 10)}, {u"int"_s}, rows)});
+    RecordsetPtr first = connection->Execute(u"select N from A"_s);
+    EXPECT_EQ(first->Fields().Item(0L).Value(), vb::Variant(std::int32_t(1)));
+    api.batches.push_back({R::count(5)});
+    long affected = 0;
+    connection->Execute(u"update B set X = 1"_s, &affected);
+    EXPECT_EQ(affected, 5);
+    // The first result was fetched to its end before the second statement was sent.
+    ASSERT_EQ(api.fetchesBeforeExec.size(), 2u);
+    EXPECT_EQ(api.fetchesBeforeExec.back(), 4);
+    first->MoveNext();
+    EXPECT_EQ(first->Fields().Item(0L).Value(), vb::Variant(std::int32_t(2)));
+    first->MoveNext();
+    first->MoveNext();
+    EXPECT_TRUE(first->Eof());
+}
+
+TEST_F(ProviderTest, SchemaRowsetsRunTheirCatalogQueryWithRestrictionsBound) {
+    open();
+    const std::vector<vb::Variant> restrictions{vb::Variant(), vb::Variant(), vb::Variant(u"Doc"_s)};
+    const odbc::SchemaQuery expected = odbc::schemaQuery(20, restrictions);
+    api.batches.push_back({R::rows({col(u"TABLE_CATALOG"_s, SQL_WVARCHAR, 128),
+                                    col(u"TABLE_SCHEMA"_s, SQL_WVARCHAR, 128),
+                                    col(u"TABLE_NAME"_s, SQL_WVARCHAR, 128),
+                                    col(u"TABLE_TYPE"_s, SQL_WVARCHAR, 128)},
+                                   {u"nvarchar"_s, u"nvarchar"_s, u"nvarchar"_s, u"nvarchar"_s},
+                                   {{vb::Variant(u"Archivio"_s), vb::Variant(u"dbo"_s),
+                                     vb::Variant(u"Doc"_s), vb::Variant(u"TABLE"_s)}})});
+    RecordsetPtr rs = connection->OpenSchema(SchemaEnum::adSchemaTables, restrictions);
+    EXPECT_EQ(calls(u"SQLExecDirect"_s), QStringList{u"SQLExecDirect "_s + expected.text});
+    EXPECT_EQ(calls(u"SQLBindParameter"_s).size(), static_cast<qsizetype>(expected.parameters.size()));
+    EXPECT_EQ(rs->Fields().Item(u"TABLE_TYPE"_s).Value(), vb::Variant(u"TABLE"_s));
+    EXPECT_EQ(rs->RecordCount(), 1);
+}
+
+TEST_F(ProviderTest, KeywordsAndLiteralsNeedNoServer) {
+    open();
+    RecordsetPtr keywords = connection->OpenSchema(SchemaEnum::adSchemaDBInfoKeywords);
+    // Only the words beyond SQL-92's, one row each in the column "Keyword".
+    EXPECT_EQ(keywords->RecordCount(), 68);
+    keywords->setFilter(u"Keyword = 'IDENTITY_INSERT'"_s);
+    EXPECT_EQ(keywords->RecordCount(), 1);
+    keywords->setFilter(u"Keyword = 'SELECT'"_s);
+    EXPECT_EQ(keywords->RecordCount(), 0);
+    RecordsetPtr literals = connection->OpenSchema(SchemaEnum::adSchemaDBInfoLiterals);
+    literals->setFilter(u"LiteralName = 'Quote_Prefix'"_s);
+    ASSERT_EQ(literals->RecordCount(), 1);
+    EXPECT_EQ(literals->Fields().Item(u"LiteralValue"_s).Value(), vb::Variant(u"["_s));
+    EXPECT_TRUE(api.log.filter(u"SQLExecDirect"_s).isEmpty());
+}
+
+TEST_F(ProviderTest, CatalogReadsTablesKeysAndDeletesAKeyWithItsDdl) {
+    open();
+    api.batches.push_back({R::rows({col(u"TABLE_NAME"_s, SQL_WVARCHAR, 128),
+                                    col(u"TABLE_TYPE"_s, SQL_WVARCHAR, 128),
+                                    col(u"DATE_CREATED"_s, SQL_TYPE_TIMESTAMP, 23, 3),
+                                    col(u"DATE_MODIFIED"_s, SQL_TYPE_TIMESTAMP, 23, 3)},
+                                   {u"nvarchar"_s, u"nvarchar"_s, u"datetime"_s, u"datetime"_s},
+                                   {{vb::Variant(u"Doc"_s), vb::Variant(u"TABLE"_s),
+                                     vb::Variant(vb::Null{}), vb::Variant(vb::Null{})},
+                                    {vb::Variant(u"vDoc"_s), vb::Variant(u"VIEW"_s),
+                                     vb::Variant(vb::Null{}), vb::Variant(vb::Null{})}})});
+    auto cat = std::make_shared<adox::Catalog>();
+    cat->setActiveConnection(connection);
+    ASSERT_EQ(cat->Tables().Count(), 2);
+    EXPECT_EQ(cat->Tables().Item(u"vDoc"_s).Type(), u"VIEW"_s);
+    // Keys: unique and primary keys first, then the foreign keys with their columns and rules.
+    api.batches.push_back({R::rows({col(u"KEY_NAME"_s, SQL_WVARCHAR, 128),
+                                    col(u"KEY_TYPE"_s, SQL_WCHAR, 2),
+                                    col(u"COLUMN_NAME"_s, SQL_WVARCHAR, 128)},
+                                   {u"nvarchar"_s, u"char"_s, u"nvarchar"_s},
+                                   {{vb::Variant(u"PK_Doc"_s), vb::Variant(u"PK"_s),
+                                     vb::Variant(u"ID"_s)}})});
+    api.batches.push_back(
+        {R::rows({col(u"KEY_NAME"_s, SQL_WVARCHAR, 128), col(u"RELATED_TABLE"_s, SQL_WVARCHAR, 128),
+                  col(u"DELETE_RULE"_s, SQL_INTEGER, 10), col(u"UPDATE_RULE"_s, SQL_INTEGER, 10),
+                  col(u"COLUMN_NAME"_s, SQL_WVARCHAR, 128),
+                  col(u"RELATED_COLUMN"_s, SQL_WVARCHAR, 128)},
+                 {u"nvarchar"_s, u"nvarchar"_s, u"int"_s, u"int"_s, u"nvarchar"_s, u"nvarchar"_s},
+                 {{vb::Variant(u"FK_Doc_Cls"_s), vb::Variant(u"Cls"_s), vb::Variant(std::int32_t(1)),
+                   vb::Variant(std::int32_t(0)), vb::Variant(u"ClsID"_s), vb::Variant(u"ID"_s)}})});
+    adox::Table& doc = cat->Tables().Item(u"Doc"_s);
+    ASSERT_EQ(doc.Keys().Count(), 2);
+    EXPECT_EQ(doc.Keys().Item(u"PK_Doc"_s).Type(), KeyTypeEnum::adKeyPrimary);
+    adox::Key& fk = doc.Keys().Item(u"FK_Doc_Cls"_s);
+    EXPECT_EQ(fk.Type(), KeyTypeEnum::adKeyForeign);
+    EXPECT_EQ(fk.RelatedTable(), u"Cls"_s);
+    EXPECT_EQ(fk.DeleteRule(), RuleEnum::adRICascade);
+    EXPECT_EQ(fk.UpdateRule(), RuleEnum::adRINone);
+    EXPECT_EQ(fk.Columns().Item(0L).RelatedColumn(), u"ID"_s);
+    api.log.clear();
+    doc.Keys().Delete(u"FK_Doc_Cls"_s);
+    EXPECT_EQ(calls(u"SQLExecDirect"_s),
+              QStringList{u"SQLExecDirect ALTER TABLE [Doc] DROP CONSTRAINT [FK_Doc_Cls]"_s});
+}
