@@ -1,5 +1,5 @@
 # The ADO and ADOX object model, its provider interface and registry, the recording provider for
-# tests; the Jet provider joins when platform/jetfile is there.
+# tests, and the Jet provider on platform/jetfile.
 target_sources(platform PRIVATE
     ${CMAKE_CURRENT_LIST_DIR}/BuiltinProviders.cpp
     ${CMAKE_CURRENT_LIST_DIR}/Command.cpp
@@ -17,7 +17,14 @@ target_sources(platform PRIVATE
     ${CMAKE_CURRENT_LIST_DIR}/RowNavigator.cpp
     ${CMAKE_CURRENT_LIST_DIR}/SchemaRowsets.cpp
     ${CMAKE_CURRENT_LIST_DIR}/adox/Catalog.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/jet/JetErrors.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/jet/JetProvider.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/jet/JetRowsets.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/jet/JetSql.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/jet/JetTypes.cpp
     ${CMAKE_CURRENT_LIST_DIR}/adox/Objects.cpp
     ${CMAKE_CURRENT_LIST_DIR}/recording/Journal.cpp
     ${CMAKE_CURRENT_LIST_DIR}/recording/RecordingProvider.cpp
     ${CMAKE_CURRENT_LIST_DIR}/recording/Script.cpp)
+# The Jet provider registers itself under "Microsoft.Jet.OLEDB.4.0".
+target_compile_definitions(platform PRIVATE UPSIZER_ADO_JET)
