@@ -1,6 +1,7 @@
 #include "frame/Edge.h"
 
 #include "frame/nxApp.h"
+
 #include "platform/vb/Err.h"
 
 #if __has_include("platform/ado/Error.h")

@@ -8,7 +8,9 @@ qsizetype lastSeparator(const QString& path) {
     return std::max(path.lastIndexOf(u'\\'), path.lastIndexOf(u'/'));
 }
 
-QChar nativeSeparator() { return QDir::separator(); }
+QChar nativeSeparator() {
+    return QDir::separator();
+}
 
 QChar separatorFor(const QString& path) {
     const qsizetype at = lastSeparator(path);

@@ -6,7 +6,9 @@
 // platform (see nxSys).
 namespace frame {
 
-inline bool isSeparator(QChar c) { return c == u'\\' || c == u'/'; }
+inline bool isSeparator(QChar c) {
+    return c == u'\\' || c == u'/';
+}
 
 // The index of the last separator, -1 when there is none.
 qsizetype lastSeparator(const QString& path);

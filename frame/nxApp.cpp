@@ -3,7 +3,9 @@
 #include "frame/nxAppState.h"
 #include "frame/nxFileVersion.h"
 #include "frame/nxWaitCursor.h"
+
 #include "platform/win/FileSystem.h"
+#include "platform/win/Forms.h"
 #include "platform/win/QtMessageBox.h"
 
 #include <QFileInfo>
@@ -14,13 +16,15 @@ namespace {
 
 // Upper case, blank-separated, a blank at both ends. CURRENT_USER stands twice, as it always has.
 const QString& reservedWordList() {
-    static const QString kWords = u" ADD ALL ALTER AND ANY AS ASC AUTHORIZATION BACKUP BEGIN BETWEEN BREAK BROWSE BULK BY CASCADE CASE CHECK CHECKPOINT CLOSE CLUSTERED COALESCE COLLATE COLUMN COMMIT COMPUTE CONSTRAINT CONTAINS CONTAINSTABLE CONTINUE CONVERT CREATE CROSS CURRENT CURRENT_DATE CURRENT_TIME CURRENT_TIMESTAMP CURRENT_USER CURRENT_USER CURSOR DATABASE DBCC DEALLOCATE DECLARE DEFAULT DELETE DENY DESC DISK DISTINCT DISTRIBUTED DOUBLE DROP DUMMY DUMP ELSE END ERRLVL ESCAPE EXCEPT EXEC EXECUTE EXISTS EXIT FETCH FILE FILLFACTOR FOR FOREIGN FREETEXT FREETEXTTABLE FROM FULL FUNCTION GOTO GRANT GROUP HAVING HOLDLOCK IDENTITY IDENTITY_INSERT IDENTITYCOL IF IN INDEX INNER INSERT INTERSECT INTO IS JOIN KEY KILL LEFT LIKE LINENO LOAD NATIONAL NOCHECK NONCLUSTERED NOT NULL NULLIF OF OFF OFFSETS ON OPEN OPENDATASOURCE OPENQUERY OPENROWSET OPENXML OPTION OR ORDER OUTER OVER PERCENT PLAN PRECISION PRIMARY PRINT PROC PROCEDURE PUBLIC RAISERROR READ READTEXT RECONFIGURE REFERENCES REPLICATION RESTORE RESTRICT RETURN REVOKE RIGHT ROLLBACK ROWCOUNT ROWGUIDCOL RULE SAVE SCHEMA SELECT SESSION_USER SET SETUSER SHUTDOWN SOME STATISTICS SYSTEM_USER TABLE TEXTSIZE THEN TO TOP TRAN TRANSACTION TRIGGER TRUNCATE TSEQUAL UNION UNIQUE UPDATE UPDATETEXT USE USER VALUES VARYING VIEW WAITFOR WHEN WHERE WHILE WITH WRITETEXT "_s;
+    static const QString kWords =
+        u" ADD ALL ALTER AND ANY AS ASC AUTHORIZATION BACKUP BEGIN BETWEEN BREAK BROWSE BULK BY CASCADE CASE CHECK CHECKPOINT CLOSE CLUSTERED COALESCE COLLATE COLUMN COMMIT COMPUTE CONSTRAINT CONTAINS CONTAINSTABLE CONTINUE CONVERT CREATE CROSS CURRENT CURRENT_DATE CURRENT_TIME CURRENT_TIMESTAMP CURRENT_USER CURRENT_USER CURSOR DATABASE DBCC DEALLOCATE DECLARE DEFAULT DELETE DENY DESC DISK DISTINCT DISTRIBUTED DOUBLE DROP DUMMY DUMP ELSE END ERRLVL ESCAPE EXCEPT EXEC EXECUTE EXISTS EXIT FETCH FILE FILLFACTOR FOR FOREIGN FREETEXT FREETEXTTABLE FROM FULL FUNCTION GOTO GRANT GROUP HAVING HOLDLOCK IDENTITY IDENTITY_INSERT IDENTITYCOL IF IN INDEX INNER INSERT INTERSECT INTO IS JOIN KEY KILL LEFT LIKE LINENO LOAD NATIONAL NOCHECK NONCLUSTERED NOT NULL NULLIF OF OFF OFFSETS ON OPEN OPENDATASOURCE OPENQUERY OPENROWSET OPENXML OPTION OR ORDER OUTER OVER PERCENT PLAN PRECISION PRIMARY PRINT PROC PROCEDURE PUBLIC RAISERROR READ READTEXT RECONFIGURE REFERENCES REPLICATION RESTORE RESTRICT RETURN REVOKE RIGHT ROLLBACK ROWCOUNT ROWGUIDCOL RULE SAVE SCHEMA SELECT SESSION_USER SET SETUSER SHUTDOWN SOME STATISTICS SYSTEM_USER TABLE TEXTSIZE THEN TO TOP TRAN TRANSACTION TRIGGER TRUNCATE TSEQUAL UNION UNIQUE UPDATE UPDATETEXT USE USER VALUES VARYING VIEW WAITFOR WHEN WHERE WHILE WITH WRITETEXT "_s;
     return kWords;
 }
 
 std::unique_ptr<nxApp::State>& holder() {
     // The one application object of the program.
-    static std::unique_ptr<nxApp::State> app; // NOLINT(cppcoreguidelines-avoid-non-const-global-variables)
+    static std::unique_ptr<nxApp::State>
+        app; // NOLINT(cppcoreguidelines-avoid-non-const-global-variables)
     return app;
 }
 
@@ -42,7 +46,9 @@ nxApp::State& nxApp::state() {
     return *app;
 }
 
-void nxApp::ResetForTesting() { holder().reset(); }
+void nxApp::ResetForTesting() {
+    holder().reset();
+}
 
 bool nxApp::AppInitialize(const vb::Variant& host, const QString& commandLine) {
     const std::int32_t instance = host.isNumber() ? host.toLong().value_or(0) : 0;
@@ -72,8 +78,8 @@ bool nxApp::initialize(std::int32_t instance, std::shared_ptr<const Host> host,
     // Param(0) is the text before the first "/", then one parameter per "/"-separated term up
     // to the first empty one: "a/b//c" gives a and b.
     const QString line = commandLine.trimmed();
-    s.params = QStringList{line.left(line.indexOf(u'/') < 0 ? line.size() : line.indexOf(u'/'))
-                               .trimmed()};
+    s.params =
+        QStringList{line.left(line.indexOf(u'/') < 0 ? line.size() : line.indexOf(u'/')).trimmed()};
     for (int i = 2;; ++i) {
         const QString term = s.misc->Token(line, i, {}, u"/"_s).trimmed();
         if (term.isEmpty()) {
@@ -89,9 +95,27 @@ bool nxApp::initialize(std::int32_t instance, std::shared_ptr<const Host> host,
     return s.isInit;
 }
 
-bool nxApp::IsInit() noexcept { return state().isInit; }
+void nxApp::AppTerminate() {
+    State& s = state();
+    CloseAllForms();
+    if (s.tickLog) {
+        s.tickLog->LogClose();
+    }
+    s.misc.reset();
+    s.sys.reset();
+}
 
-bool nxApp::RunTime() noexcept { return true; }
+void nxApp::CloseAllForms() noexcept {
+    win::closeAllForms();
+}
+
+bool nxApp::IsInit() noexcept {
+    return state().isInit;
+}
+
+bool nxApp::RunTime() noexcept {
+    return true;
+}
 
 std::int32_t nxApp::ParamCount() noexcept {
     return static_cast<std::int32_t>(std::max<qsizetype>(state().params.size() - 1, 0));
@@ -132,7 +156,9 @@ vb::Variant nxApp::GetAppInfo(int what) {
     }
 }
 
-std::int32_t nxApp::AppInstance() noexcept { return state().instance; }
+std::int32_t nxApp::AppInstance() noexcept {
+    return state().instance;
+}
 
 QString nxApp::AppName() {
     const State& s = state();
@@ -164,8 +190,7 @@ QDateTime nxApp::AppDate() {
 }
 
 QString nxApp::AppTitle() {
-    return AppName() + u' ' + AppRelease() + u" ("_s + AppDate().toString(u"dd/MM/yyyy"_s) +
-           u')';
+    return AppName() + u' ' + AppRelease() + u" ("_s + AppDate().toString(u"dd/MM/yyyy"_s) + u')';
 }
 
 nxUtilsDll& nxApp::Utils() {
@@ -231,7 +256,9 @@ int nxApp::AdoConnectionDbType(const QString& connectionString) {
     return -1;
 }
 
-const QString& nxApp::ReservedWords() { return state().reservedWords; }
+const QString& nxApp::ReservedWords() {
+    return state().reservedWords;
+}
 
 void nxApp::DoEvents() {
     if (const auto& hook = state().doEvents) {
@@ -239,7 +266,9 @@ void nxApp::DoEvents() {
     }
 }
 
-void nxApp::SetDoEvents(std::function<void()> hook) { state().doEvents = std::move(hook); }
+void nxApp::SetDoEvents(std::function<void()> hook) {
+    state().doEvents = std::move(hook);
+}
 
 void nxApp::SetMessageBox(std::shared_ptr<win::MessageBoxService> box) {
     state().box = std::move(box);
@@ -249,7 +278,9 @@ void nxApp::SetRegistry(std::shared_ptr<win::Registry> registry) {
     state().registry = std::move(registry);
 }
 
-void nxApp::SetShell(std::shared_ptr<win::Shell> shell) { state().shell = std::move(shell); }
+void nxApp::SetShell(std::shared_ptr<win::Shell> shell) {
+    state().shell = std::move(shell);
+}
 
 void nxApp::SetPointer(std::shared_ptr<win::MousePointer> pointer) {
     state().pointer = std::move(pointer);

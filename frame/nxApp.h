@@ -44,6 +44,11 @@ public:
     // caller then ends the program.
     static bool AppInitialize(const vb::Variant& host, const QString& commandLine);
     static bool AppInitialize(std::shared_ptr<const Host> host, const QString& commandLine);
+    // Closes every window, closes the shared log and drops the toolkits. The tool itself ends
+    // without it; the next use of a toolkit makes a new one.
+    static void AppTerminate();
+    // Closes every window of the process, errors ignored.
+    static void CloseAllForms() noexcept;
     static bool IsInit() noexcept;
     static bool RunTime() noexcept;
 
@@ -82,8 +87,7 @@ public:
 
     static QString RegPath(const QString& section, const QString& appName = {});
     static vb::Variant GetSetting(const QString& section, const QString& key,
-                                  const vb::Variant& defaultValue = {},
-                                  const QString& appName = {},
+                                  const vb::Variant& defaultValue = {}, const QString& appName = {},
                                   win::HKey root = win::kHKeyCurrentUser);
     static void SaveSetting(const QString& section, const QString& key, const vb::Variant& value,
                             const QString& appName = {}, win::HKey root = win::kHKeyCurrentUser);

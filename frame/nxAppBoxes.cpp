@@ -1,5 +1,6 @@
 // nxApp: the message boxes, and the error record shown in them.
 #include "frame/nxAppState.h"
+
 #include "platform/vb/Err.h"
 #include "platform/win/QtMessageBox.h"
 
@@ -20,7 +21,9 @@ QString titleWord(long flags) {
     }
 }
 
-QString title(long flags) { return nxApp::AppName() + u" - "_s + titleWord(flags); }
+QString title(long flags) {
+    return nxApp::AppName() + u" - "_s + titleWord(flags);
+}
 
 // Hexadecimal in capitals, a negative number in its 32 bits: -2147217865 is 80040E37.
 QString hex(std::int32_t number) {
@@ -65,8 +68,8 @@ long nxApp::MsgBoxEx(QObject* window, const QString& text, long flags, const QSt
     return MsgBoxExHelp(window, text, flags & ~win::mb::kHelp, buttons, nullptr);
 }
 
-long nxApp::MsgBoxExHelp(QObject* window, const QString& text, long flags,
-                         const QString& buttons, std::function<void()> callback) {
+long nxApp::MsgBoxExHelp(QObject* window, const QString& text, long flags, const QString& buttons,
+                         std::function<void()> callback) {
     State& s = state();
     win::MessageBoxRequest request;
     request.owner = window;
@@ -127,7 +130,9 @@ void nxApp::FriendlyErrorBox(const QString& text, bool silent) {
     }
 }
 
-void nxApp::FillError() { LastError().Fill(0, {}, {}, {}, 0, true); }
+void nxApp::FillError() {
+    LastError().Fill(0, {}, {}, {}, 0, true);
+}
 
 bool nxApp::CancelEnd() {
     return MsgBox(u"Confermi l'uscita dal programma?"_s, 36) == win::id::kNo;

@@ -3,6 +3,7 @@
 #include "frame/Edge.h"
 #include "frame/nxApp.h"
 #include "frame/nxSys.h"
+
 #include "platform/win/FileVersion.h"
 
 #include <array>
@@ -11,9 +12,9 @@ using namespace Qt::StringLiterals;
 
 const QString& nxFileVersion::StringName(int index) {
     static const std::array<QString, kStringCount> kNames = {
-        u"Comments"_s,        u"CompanyName"_s,    u"FileDescription"_s, u"FileVersion"_s,
-        u"InternalName"_s,    u"LegalCopyright"_s, u"LegalTrademarks"_s, u"OriginalFilename"_s,
-        u"ProductName"_s,     u"ProductVersion"_s, u"PrivateBuild"_s,    u"SpecialBuild"_s};
+        u"Comments"_s,     u"CompanyName"_s,    u"FileDescription"_s, u"FileVersion"_s,
+        u"InternalName"_s, u"LegalCopyright"_s, u"LegalTrademarks"_s, u"OriginalFilename"_s,
+        u"ProductName"_s,  u"ProductVersion"_s, u"PrivateBuild"_s,    u"SpecialBuild"_s};
     static const QString kNone;
     return index >= 0 && index < kStringCount ? kNames[static_cast<std::size_t>(index)] : kNone;
 }

@@ -4,6 +4,7 @@
 #include "frame/nxApp.h"
 #include "frame/nxMisc.h"
 #include "frame/nxSys.h"
+
 #include "platform/win/Profile.h"
 
 using namespace Qt::StringLiterals;
@@ -34,7 +35,9 @@ void nxIni::SetIni(const QString& path) {
     m_winIni = nxApp::Sys().GetName(path, true).toLower() == u"win.ini"_s;
 }
 
-QString nxIni::GetIni() const { return m_enabled ? m_path : QString(); }
+QString nxIni::GetIni() const {
+    return m_enabled ? m_path : QString();
+}
 
 int nxIni::fillList(const QString& buffer, QStringList& list) const {
     nxMisc& misc = nxApp::Misc();

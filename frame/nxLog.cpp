@@ -7,6 +7,7 @@
 #include "frame/nxError.h"
 #include "frame/nxMisc.h"
 #include "frame/nxSys.h"
+
 #include "platform/vb/Err.h"
 #include "platform/win/Cp1252.h"
 
@@ -22,11 +23,15 @@ constexpr int kMaxSuffix = 255;
 constexpr int kShowNormal = 1;
 constexpr int kOpen = 1;
 
-QString ruleLine() { return QString(80, u'-'); }
+QString ruleLine() {
+    return QString(80, u'-');
+}
 
 } // namespace
 
-nxLog::~nxLog() { LogClose(); }
+nxLog::~nxLog() {
+    LogClose();
+}
 
 void nxLog::LogSet(const QString& file, const QString& path, bool dated) {
     if (!nxApp::IsInit() || IsOpen()) {
@@ -57,8 +62,8 @@ bool nxLog::LogOpen(const QString& title, ListControl* list, bool silent) {
         m_logFile = m_configured;
         const QString folder = m_logFile.left(frame::lastSeparator(m_logFile) + 1);
         const QString stem = sys.GetName(m_logFile, false);
-        const QString ext = sys.GetExt(m_logFile).isEmpty() ? QString()
-                                                            : u'.' + sys.GetExt(m_logFile);
+        const QString ext =
+            sys.GetExt(m_logFile).isEmpty() ? QString() : u'.' + sys.GetExt(m_logFile);
         // Another process has the file: the next name, x01.log, x02.log... up to xFF.log.
         for (int suffix = 1; sys.FileInUse(m_logFile); ++suffix) {
             if (suffix > kMaxSuffix) {
@@ -150,11 +155,10 @@ void nxLog::LogClear(const QString& title, bool backup, const QString& backupFil
     const bool wasOpen = IsOpen();
     LogClose();
     if (backup) {
-        const QString target =
-            backupFile.isEmpty()
-                ? m_logFile.left(frame::lastSeparator(m_logFile) + 1) +
-                      sys.GetName(m_logFile, false) + u".prv"_s
-                : backupFile;
+        const QString target = backupFile.isEmpty()
+                                   ? m_logFile.left(frame::lastSeparator(m_logFile) + 1) +
+                                         sys.GetName(m_logFile, false) + u".prv"_s
+                                   : backupFile;
         sys.FileCopy(m_logFile, target, silent, false);
     }
     sys.FileRemove(m_logFile, silent);

@@ -17,6 +17,8 @@ public:
     nxLog() = default;
     nxLog(const nxLog&) = delete;
     nxLog& operator=(const nxLog&) = delete;
+    nxLog(nxLog&&) = delete;
+    nxLog& operator=(nxLog&&) = delete;
     ~nxLog();
 
     // The file really in use (it may carry a suffix).

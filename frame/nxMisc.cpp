@@ -298,8 +298,8 @@ QString nxMisc::NewID(int length) const {
     const QDateTime now = QDateTime::currentDateTime();
     // Seeded from the clock at each call, so two ids of one tick may share their random digits.
     QRandomGenerator random(static_cast<quint32>(now.time().msecsSinceStartOfDay()));
-    QString id = now.toString(u"yyddMMHHmmss"_s) +
-                 Hex(static_cast<std::int32_t>(random.bounded(65536u)), 4);
+    QString id =
+        now.toString(u"yyddMMHHmmss"_s) + Hex(static_cast<std::int32_t>(random.bounded(65536u)), 4);
     if (length > 16) {
         id += Hex(static_cast<std::int32_t>(random.bounded(2147483647u)), 8).right(length - 16);
     } else if (length < 16) {

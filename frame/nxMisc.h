@@ -1,6 +1,7 @@
 #pragma once
 
 #include "frame/Edge.h"
+
 #include "platform/vb/Variant.h"
 
 #include <QString>

@@ -3,6 +3,7 @@
 #include "frame/Edge.h"
 #include "frame/nxApp.h"
 #include "frame/nxMisc.h"
+
 #include "platform/win/Cp1252.h"
 
 #include <cstdlib>
@@ -12,7 +13,9 @@ namespace {
 // The system's call reads into a buffer of this size; a longer value does not fit.
 constexpr qsizetype kValueBuffer = 1024;
 
-win::Registry& store() { return nxApp::RegistryStore(); }
+win::Registry& store() {
+    return nxApp::RegistryStore();
+}
 
 bool isText(win::RegType type) {
     return type == win::RegType::Sz || type == win::RegType::ExpandSz ||
@@ -29,7 +32,9 @@ qsizetype neededBytes(const win::RegValue& v) {
 
 nxReg::nxReg() = default;
 
-nxReg::~nxReg() { RegClose(); }
+nxReg::~nxReg() {
+    RegClose();
+}
 
 bool nxReg::RegOpen(win::HKey root, const QString& subkey) noexcept {
     if (root == 0) {
@@ -155,7 +160,6 @@ bool nxReg::DelVal(const QString& name) noexcept {
     if (m_hKey == 0) {
         return false;
     }
-    return IgnoreErrors(false, [&] {
-        return store().deleteValue(m_hKey, name.trimmed()) == win::reg::kSuccess;
-    });
+    return IgnoreErrors(
+        false, [&] { return store().deleteValue(m_hKey, name.trimmed()) == win::reg::kSuccess; });
 }

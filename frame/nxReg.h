@@ -13,6 +13,8 @@ public:
     nxReg();
     nxReg(const nxReg&) = delete;
     nxReg& operator=(const nxReg&) = delete;
+    nxReg(nxReg&&) = delete;
+    nxReg& operator=(nxReg&&) = delete;
     ~nxReg();
 
     win::HKey RegHKey() const noexcept { return m_hKey; }

@@ -2,6 +2,7 @@
 
 #include "frame/Edge.h"
 #include "frame/nxApp.h"
+
 #include "platform/vb/Err.h"
 #include "platform/win/Cp1252.h"
 
@@ -12,7 +13,9 @@ constexpr std::int32_t kInitialCapacity = 4096;
 constexpr std::int32_t kMaxCapacity = 1 << 30;
 } // namespace
 
-nxStringBuilder::nxStringBuilder() : m_enabled(nxApp::IsInit()) { Reset(); }
+nxStringBuilder::nxStringBuilder() : m_enabled(nxApp::IsInit()) {
+    Reset();
+}
 
 bool nxStringBuilder::Append(const QString& text) noexcept {
     if (!m_enabled) {

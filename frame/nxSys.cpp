@@ -6,6 +6,7 @@
 #include "frame/nxApp.h"
 #include "frame/nxMisc.h"
 #include "frame/nxUtilsDll.h"
+
 #include "platform/win/FileSystem.h"
 
 #include <QDir>
@@ -15,11 +16,15 @@ using frame::isSeparator;
 
 namespace {
 
-QString currentDirectory() { return QDir::toNativeSeparators(QDir::currentPath()); }
+QString currentDirectory() {
+    return QDir::toNativeSeparators(QDir::currentPath());
+}
 
 } // namespace
 
-nxSys::nxSys() : m_enabled(nxApp::IsInit()) { AppPath(QString()); }
+nxSys::nxSys() : m_enabled(nxApp::IsInit()) {
+    AppPath(QString());
+}
 
 QString nxSys::ComputerName() {
     if (!m_enabled) {
@@ -47,9 +52,13 @@ QString nxSys::SystemPath() const {
     return folder.isEmpty() ? QString() : AddBkSlash(folder);
 }
 
-QString nxSys::AppExeName() const { return GetName(m_appFullName, false); }
+QString nxSys::AppExeName() const {
+    return GetName(m_appFullName, false);
+}
 
-QString nxSys::AppPath() const { return m_enabled ? GetDir(m_appFullName, true) : QString(); }
+QString nxSys::AppPath() const {
+    return m_enabled ? GetDir(m_appFullName, true) : QString();
+}
 
 void nxSys::AppPath(const QString& path) {
     if (!m_enabled) {

@@ -4,6 +4,7 @@
 #include "frame/nxApp.h"
 #include "frame/nxError.h"
 #include "frame/nxSys.h"
+
 #include "platform/vb/Err.h"
 #include "platform/win/FileSystem.h"
 
@@ -69,8 +70,7 @@ bool nxSys::FileInUse(const QString& path) const {
     return IgnoreErrors(true, [&] { return win::fileHeldElsewhere(fsPath(path)); });
 }
 
-bool nxSys::FileCopy(const QString& source, const QString& dest, bool silent,
-                     bool copyAttr) const {
+bool nxSys::FileCopy(const QString& source, const QString& dest, bool silent, bool copyAttr) const {
     const QString from = source.trimmed();
     const QString to = dest.trimmed();
     if (!m_enabled || from.isEmpty() || to.isEmpty()) {
@@ -114,8 +114,8 @@ bool nxSys::FileRemove(const QString& path, bool silent) const {
         for (const QFileInfo& match : folder.entryInfoList({pattern}, filters)) {
             const QString file = match.filePath();
             if (const auto attributes = win::fileAttributes(file)) {
-                win::setFileAttributes(file, *attributes & ~(win::attr::kReadOnly |
-                                                              win::attr::kHidden));
+                win::setFileAttributes(file,
+                                       *attributes & ~(win::attr::kReadOnly | win::attr::kHidden));
             }
             if (!QFile::remove(file)) {
                 raiseFor(vb::errors::kPathFileAccessError, QDir::toNativeSeparators(file));

@@ -4,6 +4,7 @@
 #include "frame/nxError.h"
 #include "frame/nxSys.h"
 #include "frame/nxWaitCursor.h"
+
 #include "platform/win/FileSystem.h"
 #include "platform/win/Shell.h"
 

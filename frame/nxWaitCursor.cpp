@@ -2,11 +2,14 @@
 
 #include "frame/Edge.h"
 #include "frame/nxApp.h"
+
 #include "platform/win/MousePointer.h"
 
 nxWaitCursor::nxWaitCursor() : m_enabled(nxApp::IsInit()) {}
 
-nxWaitCursor::~nxWaitCursor() { Show(false); }
+nxWaitCursor::~nxWaitCursor() {
+    Show(false);
+}
 
 void nxWaitCursor::Show(bool on) noexcept {
     if (!m_enabled || on == m_shown) {

@@ -9,6 +9,8 @@ public:
     nxWaitCursor();
     nxWaitCursor(const nxWaitCursor&) = delete;
     nxWaitCursor& operator=(const nxWaitCursor&) = delete;
+    nxWaitCursor(nxWaitCursor&&) = delete;
+    nxWaitCursor& operator=(nxWaitCursor&&) = delete;
     ~nxWaitCursor();
 
     void Show(bool on) noexcept;

@@ -29,9 +29,10 @@ struct FileRegistry::Node {
         return it == keys.end() ? nullptr : &*it;
     }
     Node& addChild(const QString& key) {
-        auto it = std::lower_bound(keys.begin(), keys.end(), key, [](const Node& n, const QString& k) {
-            return n.name.compare(k, Qt::CaseInsensitive) < 0;
-        });
+        auto it =
+            std::lower_bound(keys.begin(), keys.end(), key, [](const Node& n, const QString& k) {
+                return n.name.compare(k, Qt::CaseInsensitive) < 0;
+            });
         return *keys.insert(it, Node{key, {}, {}});
     }
     RegValue* value(const QString& valueName) {
@@ -51,7 +52,9 @@ using Node = FileRegistry::Node;
 constexpr qint64 kMaxHiveBytes = 64 * 1024 * 1024;
 constexpr int kMaxDepth = 512; // deeper than any key the system has; keeps a bad file finite
 
-bool isRoot(HKey key) { return key == kHKeyCurrentUser || key == kHKeyLocalMachine; }
+bool isRoot(HKey key) {
+    return key == kHKeyCurrentUser || key == kHKeyLocalMachine;
+}
 
 // Subkey paths: backslash-separated; a leading backslash is refused as the system refuses it.
 std::optional<QStringList> splitPath(const QString& subkey) {
@@ -79,7 +82,7 @@ QJsonObject valueToJson(const QString& name, const RegValue& v) {
     } else if (v.type == RegType::Dword && v.data.size() == 4) {
         const auto* b = reinterpret_cast<const unsigned char*>(v.data.constData());
         o.insert(u"dword"_s, static_cast<qint64>(b[0] | (b[1] << 8) | (b[2] << 16) |
-                                                   (std::uint32_t(b[3]) << 24)));
+                                                 (std::uint32_t(b[3]) << 24)));
     } else {
         o.insert(u"hex"_s, QString::fromLatin1(v.data.toHex()));
     }

@@ -25,9 +25,13 @@ namespace win {
 namespace {
 
 #ifdef _WIN32
-const wchar_t* wide(const QString& text) { return reinterpret_cast<const wchar_t*>(text.utf16()); }
+const wchar_t* wide(const QString& text) {
+    return reinterpret_cast<const wchar_t*>(text.utf16());
+}
 #else
-QByteArray local(const QString& path) { return QFile::encodeName(path); }
+QByteArray local(const QString& path) {
+    return QFile::encodeName(path);
+}
 #endif
 
 } // namespace
@@ -56,12 +60,14 @@ bool fileHeldElsewhere(const QString& path) {
     return false;
 }
 
-LockedFile::~LockedFile() { close(); }
+LockedFile::~LockedFile() {
+    close();
+}
 
 bool LockedFile::openAppend(const QString& path, long* error) {
     close();
-    HANDLE h = CreateFileW(wide(QDir::toNativeSeparators(path)), FILE_APPEND_DATA,
-                           FILE_SHARE_READ, nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    HANDLE h = CreateFileW(wide(QDir::toNativeSeparators(path)), FILE_APPEND_DATA, FILE_SHARE_READ,
+                           nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
     if (h == INVALID_HANDLE_VALUE) {
         if (error != nullptr) {
             *error = static_cast<long>(GetLastError());
@@ -105,7 +111,9 @@ QString systemErrorText(long code) {
     return QString::fromWCharArray(buffer, static_cast<qsizetype>(n));
 }
 
-std::uint32_t tickCount() { return GetTickCount(); }
+std::uint32_t tickCount() {
+    return GetTickCount();
+}
 
 QString windowsFolder() {
     wchar_t buffer[1024] = {};
@@ -183,7 +191,9 @@ bool fileHeldElsewhere(const QString& path) {
     return held;
 }
 
-LockedFile::~LockedFile() { close(); }
+LockedFile::~LockedFile() {
+    close();
+}
 
 bool LockedFile::openAppend(const QString& path, long* error) {
     close();
@@ -256,8 +266,12 @@ std::uint32_t tickCount() {
     return static_cast<std::uint32_t>(ms);
 }
 
-QString windowsFolder() { return {}; }
-QString systemFolder() { return {}; }
+QString windowsFolder() {
+    return {};
+}
+QString systemFolder() {
+    return {};
+}
 
 std::int32_t processInstance() {
     return static_cast<std::int32_t>(QCoreApplication::applicationPid());
@@ -280,6 +294,8 @@ std::optional<QString> shortPathName(const QString& path) {
 
 #endif
 
-QString computerName() { return QSysInfo::machineHostName().trimmed(); }
+QString computerName() {
+    return QSysInfo::machineHostName().trimmed();
+}
 
 } // namespace win

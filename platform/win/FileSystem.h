@@ -37,6 +37,8 @@ public:
     LockedFile() = default;
     LockedFile(const LockedFile&) = delete;
     LockedFile& operator=(const LockedFile&) = delete;
+    LockedFile(LockedFile&&) = delete;
+    LockedFile& operator=(LockedFile&&) = delete;
     ~LockedFile();
 
     // Opens `path` for appending, creating it; false (with the system's error code in `error`)

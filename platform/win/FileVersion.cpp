@@ -15,7 +15,9 @@ using namespace Qt::StringLiterals;
 
 namespace win {
 
-QString productName() { return QStringLiteral(UPSIZER_PRODUCT_NAME); }
+QString productName() {
+    return QStringLiteral(UPSIZER_PRODUCT_NAME);
+}
 
 #ifdef _WIN32
 
@@ -50,16 +52,16 @@ std::optional<VersionBlock> readVersionBlock(const QString& path) {
         return block;
     }
     static const char16_t* const kKeys[] = {
-        u"Comments",         u"CompanyName",     u"FileDescription", u"FileVersion",
-        u"InternalName",     u"LegalCopyright",  u"LegalTrademarks", u"OriginalFilename",
-        u"ProductName",      u"ProductVersion",  u"PrivateBuild",    u"SpecialBuild"};
+        u"Comments",     u"CompanyName",    u"FileDescription", u"FileVersion",
+        u"InternalName", u"LegalCopyright", u"LegalTrademarks", u"OriginalFilename",
+        u"ProductName",  u"ProductVersion", u"PrivateBuild",    u"SpecialBuild"};
     for (UINT i = 0; i < length / sizeof(Translation); ++i) {
         VersionBlock::Localization loc{translations[i].language, translations[i].codePage, {}};
         for (const char16_t* key : kKeys) {
-            const QString query = u"\\StringFileInfo\\%1%2\\%3"_s
-                                      .arg(loc.language, 4, 16, QChar(u'0'))
-                                      .arg(loc.codePage, 4, 16, QChar(u'0'))
-                                      .arg(QString::fromUtf16(key));
+            const QString query =
+                u"\\StringFileInfo\\%1%2\\%3"_s.arg(loc.language, 4, 16, QChar(u'0'))
+                    .arg(loc.codePage, 4, 16, QChar(u'0'))
+                    .arg(QString::fromUtf16(key));
             wchar_t* text = nullptr;
             UINT chars = 0;
             if (VerQueryValueW(data.data(), reinterpret_cast<LPCWSTR>(query.utf16()),

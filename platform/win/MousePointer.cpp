@@ -60,7 +60,8 @@ void ScreenPointer::set(int pointer) {
     if (QThread::currentThread() == app->thread()) {
         apply(pointer);
     } else {
-        QMetaObject::invokeMethod(app, [pointer] { apply(pointer); }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(
+            app, [pointer] { apply(pointer); }, Qt::QueuedConnection);
     }
 }
 

@@ -29,7 +29,9 @@ struct Parsed {
     qsizetype indent = 0;
 };
 
-bool isBlank(QChar c) { return c == u' ' || c == u'\t'; }
+bool isBlank(QChar c) {
+    return c == u' ' || c == u'\t';
+}
 
 QString trimBlanks(QStringView text) {
     qsizetype b = 0;
@@ -68,7 +70,9 @@ Parsed parse(const QString& line) {
     return p;
 }
 
-bool same(const QString& a, const QString& b) { return a.compare(b, Qt::CaseInsensitive) == 0; }
+bool same(const QString& a, const QString& b) {
+    return a.compare(b, Qt::CaseInsensitive) == 0;
+}
 
 struct File {
     std::vector<Line> lines;
@@ -126,7 +130,8 @@ File load(const QString& path) {
             break;
         }
         const bool cr = nl > start && text[nl - 1] == u'\r';
-        file.lines.push_back({text.mid(start, nl - start - (cr ? 1 : 0)), cr ? u"\r\n"_s : u"\n"_s});
+        file.lines.push_back(
+            {text.mid(start, nl - start - (cr ? 1 : 0)), cr ? u"\r\n"_s : u"\n"_s});
         start = nl + 1;
     }
     return file;

@@ -20,9 +20,10 @@ namespace win {
 // - a section and no key: the names of its keys in the same form;
 // - both: the value (empty for "key="), or `defaultValue` with its trailing blanks removed when
 //   the file, the section or the key is missing, or the key name is empty.
-// The text ends in the NUL that the call writes. A list that does not fit is cut, its last name truncated, and ends in two NULs; a value that
-// does not fit is cut to size - 1 characters. `count` receives the characters copied, not
-// counting the final NUL (size - 2 for a list that did not fit).
+// The text ends in the NUL that the call writes. A list that does not fit is cut, its last name
+// truncated, and ends in two NULs; a value that does not fit is cut to size - 1 characters. `count`
+// receives the characters copied, not counting the final NUL (size - 2 for a list that did not
+// fit).
 QString readProfileString(const std::optional<QString>& section, const std::optional<QString>& key,
                           const QString& defaultValue, std::uint32_t size, const QString& path,
                           std::uint32_t* count = nullptr);

@@ -27,7 +27,8 @@ long ScriptedMessageBox::show(const MessageBoxRequest& request) {
                 continue;
             }
             m_shown.push_back(box);
-            throw Error(u"scripted message box: no answer after Help for \"%1\""_s.arg(request.text));
+            throw Error(
+                u"scripted message box: no answer after Help for \"%1\""_s.arg(request.text));
         }
         box.result = result;
         m_shown.push_back(box);

@@ -7,9 +7,8 @@
 #include <QUrl>
 
 #ifdef _WIN32
-#include <windows.h>
-
 #include <shellapi.h>
+#include <windows.h>
 #endif
 
 using namespace Qt::StringLiterals;
@@ -42,9 +41,8 @@ long DesktopShell::execute(const QString& verb, const QString& file, const QStri
                            const QString& workDir, int show) {
     Q_UNUSED(verb);
     Q_UNUSED(show);
-    const QFileInfo info(workDir.isEmpty() || QFileInfo(file).isAbsolute()
-                             ? file
-                             : workDir + u'/' + file);
+    const QFileInfo info(workDir.isEmpty() || QFileInfo(file).isAbsolute() ? file
+                                                                           : workDir + u'/' + file);
     if (!info.exists()) {
         return shell::kFileNotFound;
     }
@@ -64,7 +62,7 @@ long DesktopShell::execute(const QString& verb, const QString& file, const QStri
     const QString opener = u"xdg-open"_s;
 #endif
     return QProcess::startDetached(opener, {url.toLocalFile()}, workDir) ? shell::kOk
-                                                                          : shell::kNoAssociation;
+                                                                         : shell::kNoAssociation;
 }
 
 long DesktopShell::findExecutable(const QString& file, const QString& workDir, QString* program) {
@@ -83,8 +81,7 @@ long RecordingShell::execute(const QString& verb, const QString& file, const QSt
     return result;
 }
 
-long RecordingShell::findExecutable(const QString& file, const QString& workDir,
-                                    QString* program) {
+long RecordingShell::findExecutable(const QString& file, const QString& workDir, QString* program) {
     Q_UNUSED(file);
     Q_UNUSED(workDir);
     *program = associatedProgram;

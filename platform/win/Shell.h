@@ -50,8 +50,8 @@ public:
     long findExecutable(const QString& file, const QString& workDir, QString* program) override;
 
     std::vector<Call> calls;
-    long result = shell::kOk;       // what execute answers
-    QString associatedProgram;      // what findExecutable finds; empty for none
+    long result = shell::kOk;  // what execute answers
+    QString associatedProgram; // what findExecutable finds; empty for none
 };
 
 } // namespace win

@@ -22,7 +22,9 @@ HKEY predefined(HKey key) {
     }
 }
 
-QByteArray ansi(const QString& text) { return toCp1252(text); }
+QByteArray ansi(const QString& text) {
+    return toCp1252(text);
+}
 
 } // namespace
 

@@ -15,6 +15,8 @@ public:
     Win32Registry() = default;
     Win32Registry(const Win32Registry&) = delete;
     Win32Registry& operator=(const Win32Registry&) = delete;
+    Win32Registry(Win32Registry&&) = delete;
+    Win32Registry& operator=(Win32Registry&&) = delete;
     ~Win32Registry() override;
 
     long openKey(HKey parent, const QString& subkey, HKey* result) override;

@@ -11,7 +11,8 @@ target_sources(platform PRIVATE
     ${CMAKE_CURRENT_LIST_DIR}/Shell.cpp
     ${CMAKE_CURRENT_LIST_DIR}/MousePointer.cpp
     ${CMAKE_CURRENT_LIST_DIR}/FileVersion.cpp
-    ${CMAKE_CURRENT_LIST_DIR}/FileSystem.cpp)
+    ${CMAKE_CURRENT_LIST_DIR}/FileSystem.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/Forms.cpp)
 if(WIN32)
     target_sources(platform PRIVATE ${CMAKE_CURRENT_LIST_DIR}/Win32Registry.cpp)
     target_link_libraries(platform PRIVATE version shell32)

@@ -1,10 +1,11 @@
-#include "tests/frame/FrameFixture.h"
-
 #include "frame/nxMisc.h"
 #include "frame/nxReg.h"
 #include "frame/nxSys.h"
 #include "frame/nxUtilsDll.h"
+
 #include "platform/win/FileVersion.h"
+
+#include "tests/frame/FrameFixture.h"
 
 #include <QRegularExpression>
 
@@ -189,9 +190,11 @@ TEST_F(AppTest, HostObjectAnswersGetAppInfo) {
 }
 
 TEST_F(AppTest, RegPathKeepsItsBackslashes) {
-    EXPECT_EQ(nxApp::RegPath(u"Finestra"_s, u"Prova"_s), u"Software\\Brontel Data\\Prova\\Finestra"_s);
+    EXPECT_EQ(nxApp::RegPath(u"Finestra"_s, u"Prova"_s),
+              u"Software\\Brontel Data\\Prova\\Finestra"_s);
     EXPECT_EQ(nxApp::RegPath(QString(), u"Prova"_s), u"Software\\Brontel Data\\Prova\\"_s);
-    EXPECT_EQ(nxApp::RegPath(u"S"_s), u"Software\\Brontel Data\\"_s + win::productName() + u"\\S"_s);
+    EXPECT_EQ(nxApp::RegPath(u"S"_s),
+              u"Software\\Brontel Data\\"_s + win::productName() + u"\\S"_s);
 }
 
 TEST_F(AppTest, MachineValueMovesToTheUserAtItsFirstRead) {

@@ -1,6 +1,6 @@
-#include "tests/frame/FrameFixture.h"
-
 #include "frame/Edge.h"
+
+#include "tests/frame/FrameFixture.h"
 
 #if __has_include("platform/ado/Error.h")
 #include "platform/ado/Error.h"
@@ -67,7 +67,8 @@ TEST_F(ErrorTest, EdgeTurnsARaisedErrorIntoTheFailureValue) {
     EXPECT_EQ(result, -1);
     EXPECT_EQ(nxApp::LastError().Number(), 53);
     EXPECT_EQ(nxApp::LastError().Source(), u"nxDb.DbOpen()"_s);
-    EXPECT_EQ(box->last().text, u"Impossibile trovare il file\r\n\r\nnxDb.DbOpen() (errore 53, 0x35)"_s);
+    EXPECT_EQ(box->last().text,
+              u"Impossibile trovare il file\r\n\r\nnxDb.DbOpen() (errore 53, 0x35)"_s);
     EXPECT_EQ(box->last().flags, 16);
 }
 

@@ -3,10 +3,12 @@
 #include "frame/ListControl.h"
 #include "frame/nxApp.h"
 #include "frame/nxError.h"
+
 #include "platform/vb/Err.h"
 #include "platform/win/FileRegistry.h"
 #include "platform/win/ScriptedMessageBox.h"
 #include "platform/win/Shell.h"
+
 #include "tests/support/MemberOk.h"
 #include "tests/support/Printers.h"
 #include "tests/support/TestFiles.h"

@@ -1,8 +1,9 @@
-#include "tests/frame/FrameFixture.h"
-
 #include "frame/nxLog.h"
 #include "frame/nxSys.h"
+
 #include "platform/win/FileSystem.h"
+
+#include "tests/frame/FrameFixture.h"
 
 #include <QDate>
 #include <QProcess>
@@ -25,6 +26,17 @@ const QByteArray kRule = QByteArray(80, '-') + "\r\n";
 
 // "dd/mm/yyyy - HH:nn - " at the start of a line.
 const QRegularExpression kDated(u"^\\d\\d/\\d\\d/\\d{4} - \\d\\d:\\d\\d - "_s);
+
+TEST_F(LogTest, TerminatingClosesTheSharedLogAndRenewsTheToolkits) {
+    nxLog& ticks = nxApp::TickLog();
+    ticks.LogSet(logPath());
+    ASSERT_MEMBER_OK(ticks.LogOpen());
+    ticks.LogWrite(u"tick"_s);
+    nxApp::AppTerminate();
+    EXPECT_FALSE(ticks.IsOpen());
+    EXPECT_TRUE(readAll(logPath()).endsWith("tick\r\n\r\n"));          // closed with its empty line
+    EXPECT_EQ(nxApp::Sys().GetName(u"C:\\a\\b.txt"_s, false), u"b"_s); // made anew on use
+}
 
 TEST_F(LogTest, OpenWritesTitleBetweenRulesAndCloseAddsAnEmptyLine) {
     nxLog log;

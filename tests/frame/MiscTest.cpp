@@ -1,7 +1,7 @@
-#include "tests/frame/FrameFixture.h"
-
 #include "frame/nxMisc.h"
 #include "frame/nxStringBuilder.h"
+
+#include "tests/frame/FrameFixture.h"
 
 #include <QDateTime>
 #include <QRegularExpression>
@@ -44,7 +44,7 @@ TEST_F(MiscTest, VariantKindCoversEveryType) {
         {vb::VarType::Boolean, {true, 6}},
         {vb::VarType::Decimal, {vb::Decimal(), 4}},
         {vb::VarType::Byte, {std::uint8_t(1), 0}},
-        {vb::VarType::Array, {vb::VariantArray(array), 0}},  // a real array is not the bare flag
+        {vb::VarType::Array, {vb::VariantArray(array), 0}}, // a real array is not the bare flag
         {vb::VarType::ByteArray, {QByteArray("x"), 0}},
     };
     for (const auto& [type, c] : kinds) {

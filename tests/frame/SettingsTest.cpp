@@ -1,7 +1,7 @@
-#include "tests/frame/FrameFixture.h"
-
 #include "frame/nxIni.h"
 #include "frame/nxReg.h"
+
+#include "tests/frame/FrameFixture.h"
 
 #include <memory>
 

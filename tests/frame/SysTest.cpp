@@ -1,11 +1,12 @@
-#include "tests/frame/FrameFixture.h"
-
 #include "frame/nxFileVersion.h"
 #include "frame/nxSys.h"
 #include "frame/nxUtilsDll.h"
 #include "frame/nxWaitCursor.h"
+
 #include "platform/win/FileSystem.h"
 #include "platform/win/FileVersion.h"
+
+#include "tests/frame/FrameFixture.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -60,7 +61,8 @@ TEST_F(SysTest, SeparatorsFollowThePathOrThePlatform) {
     EXPECT_EQ(s.DelBkSlash(u"\\\\a\\"_s, false), u"a\\"_s);
     EXPECT_EQ(s.GetDir(u"/srv/data/x.mdb"_s, true), u"/srv/data/"_s);
     EXPECT_EQ(s.GetName(u"/srv/data/x.mdb"_s, false), u"x"_s);
-    EXPECT_EQ(s.GetDir(QString(), true), s.AddBkSlash(QDir::toNativeSeparators(QDir::currentPath())));
+    EXPECT_EQ(s.GetDir(QString(), true),
+              s.AddBkSlash(QDir::toNativeSeparators(QDir::currentPath())));
 }
 
 TEST_F(SysTest, DirMakeMakesEveryParent) {
@@ -166,7 +168,8 @@ TEST_F(SysTest, ShellWithNothingToRun) {
     EXPECT_EQ(box->last().text, u"Specificare un applicativo e/o un file."_s);
     EXPECT_EQ(box->last().flags, 48);
     EXPECT_FALSE(s.Shell(dir.file(u"manca.exe"_s), {}, u"a.txt"_s, {}));
-    EXPECT_EQ(box->last().text, u"Applicativo '"_s + dir.file(u"manca.exe"_s) + u"' non trovato."_s);
+    EXPECT_EQ(box->last().text,
+              u"Applicativo '"_s + dir.file(u"manca.exe"_s) + u"' non trovato."_s);
     EXPECT_FALSE(s.Shell({}, {}, {}, {}, 1, 1, {}, true));
     EXPECT_EQ(box->shown().size(), 2u);
     EXPECT_EQ(nxApp::LastError().Description(), u"Specificare un applicativo e/o un file."_s);
@@ -202,8 +205,8 @@ TEST_F(SysTest, ShellRunsTheProgramOrLetsTheFileOpen) {
     shell->associatedProgram = u"/usr/bin/altro"_s;
     box->answer(1);
     EXPECT_FALSE(s.Shell(editor, {}, u"x.doc"_s, {}));
-    EXPECT_EQ(box->last().text,
-              u"Impossibile eseguire il programma associato al file '"_s + editor + u"  x.doc '."_s);
+    EXPECT_EQ(box->last().text, u"Impossibile eseguire il programma associato al file '"_s +
+                                    editor + u"  x.doc '."_s);
 }
 
 TEST_F(SysTest, SmallSystemQuestions) {
@@ -215,14 +218,15 @@ TEST_F(SysTest, SmallSystemQuestions) {
     QThread::msleep(30);
     EXPECT_GE(static_cast<std::uint32_t>(s.TickCount()) - before, 25u);
     EXPECT_FALSE(s.ComputerName().isEmpty());
-    EXPECT_EQ(s.AppExeName(), QFileInfo(QCoreApplication::applicationFilePath()).completeBaseName());
-    EXPECT_EQ(s.AppPath(), QDir::toNativeSeparators(QCoreApplication::applicationDirPath()) +
-                               QDir::separator());
+    EXPECT_EQ(s.AppExeName(),
+              QFileInfo(QCoreApplication::applicationFilePath()).completeBaseName());
+    EXPECT_EQ(s.AppPath(),
+              QDir::toNativeSeparators(QCoreApplication::applicationDirPath()) + QDir::separator());
     s.AppPath(dir.path());
     EXPECT_EQ(s.AppPath(), dir.path() + u'/');
     s.AppPath(dir.file(u"manca"_s));
-    EXPECT_EQ(s.AppPath(), QDir::toNativeSeparators(QCoreApplication::applicationDirPath()) +
-                               QDir::separator());
+    EXPECT_EQ(s.AppPath(),
+              QDir::toNativeSeparators(QCoreApplication::applicationDirPath()) + QDir::separator());
 }
 
 TEST_F(SysTest, ListScrollRangeFitsTheWidestRow) {
