@@ -10,6 +10,8 @@
 #include "tests/platform/sqlserver/RecordingOdbc.h"
 #include "tests/support/Printers.h"
 
+#include <QElapsedTimer>
+
 #include <gtest/gtest.h>
 
 #include <sqlucode.h>
@@ -344,4 +346,38 @@ TEST_F(ProviderTest, CatalogReadsTablesKeysAndDeletesAKeyWithItsDdl) {
     doc.Keys().Delete(u"FK_Doc_Cls"_s);
     EXPECT_EQ(calls(u"SQLExecDirect"_s),
               QStringList{u"SQLExecDirect ALTER TABLE [Doc] DROP CONSTRAINT [FK_Doc_Cls]"_s});
+}
+
+// The registered provider on the machine's own driver: bad input fails as an ado::Error within
+// the connection time-out.
+TEST(ProviderLoopback, UnreachableServerAndUnknownInstanceFailWithinTheTimeOut) {
+    for (const QString& source : {u"127.0.0.1,1"_s, u"127.0.0.1\\NOSUCHINSTANCE"_s}) {
+        ConnectionPtr c = Connection::create();
+        QElapsedTimer clock;
+        clock.start();
+        try {
+            c->Open(u"Provider=SQLOLEDB;Data Source=%1;User ID=a;Password=b;Connect Timeout=3"_s.arg(
+                source));
+            FAIL() << "opened " << source.toStdString();
+        } catch (const Error& e) {
+            EXPECT_EQ(e.hresult(), static_cast<std::int32_t>(0x80004005u)) << e.what();
+            EXPECT_EQ(e.source(), u"Microsoft OLE DB Provider for SQL Server"_s);
+        }
+        EXPECT_LT(clock.elapsed(), 4500) << source.toStdString();
+        EXPECT_EQ(c->State(), 0);
+        EXPECT_GE(c->Errors().Count(), 1);
+    }
+}
+
+TEST(ProviderLoopback, EveryNameOfTheProviderIsRegistered) {
+    for (const QString& name : {u"SQLOLEDB"_s, u"SQLOLEDB.1"_s, u"SQLNCLI"_s, u"SQLNCLI10"_s}) {
+        ConnectionPtr c = Connection::create();
+        try {
+            c->Open(u"Provider=%1;Data Source=127.0.0.1,1;Connect Timeout=1"_s.arg(name));
+            FAIL() << "opened";
+        } catch (const Error& e) {
+            // The driver was reached: the provider exists under that name.
+            EXPECT_EQ(e.source(), u"Microsoft OLE DB Provider for SQL Server"_s) << name.toStdString();
+        }
+    }
 }
