@@ -1,0 +1,21 @@
+open: Provider=SQLOLEDB;Initial Catalog=QZ;Data Source=SRV01;User ID=sa;Password=pw;Persist Security Info=true;Command Properties='Command Time Out=0';Pooling=False;Connection Lifetime=1;Max Pool Size=10
+schema 12: -|-|-|-|T
+close
+open: Provider=SQLOLEDB;Initial Catalog=QZ;Data Source=SRV01;User ID=sa;Password=pw;Persist Security Info=true;Command Properties='Command Time Out=0';Pooling=False;Connection Lifetime=1;Max Pool Size=10
+schema 12: -|-|-|-|T
+close
+open: Provider=SQLOLEDB;Initial Catalog=QZ;Data Source=SRV01;User ID=sa;Password=pw;Persist Security Info=true;Command Properties='Command Time Out=0';Pooling=False;Connection Lifetime=1;Max Pool Size=10
+schema 12: -|-|-|-|T
+close
+open: Provider=SQLOLEDB;Initial Catalog=QZ;Data Source=SRV01;User ID=sa;Password=pw;Persist Security Info=true;Command Properties='Command Time Out=0';Pooling=False;Connection Lifetime=1;Max Pool Size=10
+schema 12: -|-|-|-|U
+close
+open: Provider=SQLOLEDB;Initial Catalog=QZ;Data Source=SRV01;User ID=sa;Password=pw;Persist Security Info=true;Command Properties='Command Time Out=0';Pooling=False;Connection Lifetime=1;Max Pool Size=10
+schema 30: 
+close
+open: Provider=SQLOLEDB;Initial Catalog=QZ;Data Source=SRV01;User ID=sa;Password=pw;Persist Security Info=true;Command Properties='Command Time Out=0';Pooling=False;Connection Lifetime=1;Max Pool Size=10
+schema 30: 
+close
+open: Provider=SQLOLEDB;Initial Catalog=QZ;Data Source=SRV01;User ID=sa;Password=pw;Persist Security Info=true;Command Properties='Command Time Out=0';Pooling=False;Connection Lifetime=1;Max Pool Size=10
+schema 30: 
+close
