@@ -1,0 +1,175 @@
+#include "recordset/RsTrap.h"
+#include "recordset/nxRs.h"
+
+#include "frame/Edge.h"
+#include "frame/nxApp.h"
+
+#include "platform/vb/Err.h"
+
+using namespace Qt::StringLiterals;
+
+bool nxRs::Bof() const noexcept {
+    if (!m_isOpened || !m_rs) {
+        return true;
+    }
+    return IgnoreErrors(true, [&] { return m_rs->Bof(); });
+}
+
+bool nxRs::Eof() const noexcept {
+    if (!m_isOpened || !m_rs) {
+        return true;
+    }
+    return IgnoreErrors(true, [&] { return m_rs->Eof(); });
+}
+
+bool nxRs::IsValidPos() const noexcept {
+    return m_isOpened && !Bof() && !Eof();
+}
+
+// A row deleted under the cursor can no longer be read: its first field tells.
+bool nxRs::IsValidRec() noexcept {
+    if (!IsValidPos()) {
+        return false;
+    }
+    if (m_isNewRec) {
+        return true;
+    }
+    vb::Variant first;
+    return FldCount() > 0 && FldRecValue(0, first, true);
+}
+
+bool nxRs::IsUpdatable() const noexcept {
+    if (!m_isOpened || !m_rs) {
+        return false;
+    }
+    return IgnoreErrors(false, [&] { return m_rs->Supports(ado::adUpdate); });
+}
+
+vb::Variant nxRs::Bookmark() const noexcept {
+    if (!m_isOpened || !m_rs) {
+        return {};
+    }
+    return IgnoreErrors(vb::Variant(), [&] {
+        return m_rs->Supports(ado::adBookmark) ? m_rs->Bookmark() : vb::Variant();
+    });
+}
+
+bool nxRs::SetBookmark(const vb::Variant& Value, bool Silent) noexcept {
+    if (IsEmpty() || Value.isEmpty() || !m_rs->Supports(ado::adBookmark)) {
+        return false;
+    }
+    return Edge(u"nxRs.SetBookmark()", Silent, false, [&] {
+        m_rs->setBookmark(Value);
+        if (IsValidPos() &&
+            m_rs->CompareBookmarks(m_rs->Bookmark(), Value) == ado::CompareEnum::adCompareEqual) {
+            m_lastGood = Value;
+            return true;
+        }
+        return false;
+    });
+}
+
+std::int32_t nxRs::Position() noexcept {
+    if (!IsValidRec()) {
+        return 0;
+    }
+    return IgnoreErrors(0, [&] {
+        if (!m_rs->Supports(ado::adApproxPosition) &&
+            !m_rs->Properties().find(u"IRowsetLocate"_s)) {
+            return 0;
+        }
+        const long position = m_rs->AbsolutePosition();
+        return position < 0 ? 0 : static_cast<std::int32_t>(position);
+    });
+}
+
+void nxRs::goTo(const vb::Variant& bookmark) noexcept {
+    if (!bookmark.isEmpty()) {
+        IgnoreErrors([&] { m_rs->setBookmark(bookmark); });
+    }
+}
+
+bool nxRs::MoveTo(int Kind, bool KeepCurrent, bool Silent) noexcept {
+    if (IsEmpty()) {
+        return false;
+    }
+    Update(Silent, true, true, false); // a pending edit is saved before every move
+    const vb::Variant back = KeepCurrent ? Bookmark() : m_lastGood;
+    if (tryMove(Kind, Silent)) {
+        return true;
+    }
+    // Stepping off either end is where a walk ends: the cursor stays at BOF or EOF. Any other
+    // move that lands nowhere goes back where it was.
+    const bool offTheEnd = (Kind == kMoveNext && Eof()) || (Kind == kMovePrevious && Bof());
+    if (!offTheEnd) {
+        goTo(back);
+    }
+    return false;
+}
+
+bool nxRs::tryMove(int kind, bool silent) {
+    try {
+        switch (kind) {
+        case kMoveFirst:
+            m_rs->MoveFirst();
+            break;
+        case kMovePrevious:
+            if (!m_rs->Bof()) {
+                m_rs->MovePrevious();
+            }
+            break;
+        case kMoveNext:
+            if (!m_rs->Eof()) {
+                m_rs->MoveNext();
+            }
+            break;
+        case kMoveLast:
+            m_rs->MoveLast();
+            break;
+        case kMoveValid:
+            if (!IsValidRec()) {
+                if (!m_rs->Bof()) {
+                    m_rs->MovePrevious();
+                }
+                if (!IsValidRec()) {
+                    m_rs->MoveFirst();
+                }
+            }
+            break;
+        case kMoveCurrent:
+            m_rs->Move(0); // fetches the row again
+            break;
+        default:
+            break;
+        }
+        return IsValidRec();
+    } catch (...) {
+        rs::LoadAmbientError();
+        vb::Err().Description = u"Impossibile spostarsi al record desiderato."_s;
+        nxApp::ErrorBox(u"nxRs.TryMove()"_s, silent, false);
+        return false;
+    }
+}
+
+void nxRs::onMoveComplete(ado::EventReasonEnum reason) {
+    static_cast<void>(reason);
+    if (!m_isEditing && !m_isNewRec) {
+        m_isEditing = false;
+    }
+    if (IsValidPos()) {
+        const bool adding =
+            IgnoreErrors(false, [&] { return m_rs->EditMode() == ado::EditModeEnum::adEditAdd; });
+        if (!adding) {
+            m_lastGood = Bookmark();
+        }
+        // The copy is read when something needs it (an edit, a comparison): outside an edit
+        // FldGet reads the field itself, so a walk reads each value once.
+        m_stale = true;
+        if (OnChange) {
+            OnChange(kChangeFields, *this);
+        }
+    }
+    if (OnChange) {
+        OnChange(kChangeMove, *this);
+    }
+}
