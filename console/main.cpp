@@ -1,9 +1,23 @@
-#include <QCoreApplication>
-#include <QTextStream>
+#include "console/frmMain.h"
 
-// The window comes with the operator console; until then the program says so and ends.
+#include "frame/nxApp.h"
+
+#include <QApplication>
+#include <QStringList>
+
+using namespace Qt::StringLiterals;
+
+// Starts the library and shows the window; when the library cannot be used nothing is shown
+// and the program ends at once. Two copies may run side by side.
 int main(int argc, char** argv) {
-    QCoreApplication app(argc, argv);
-    QTextStream(stderr) << "upsizer: the operator window is not built yet.\n";
-    return 2;
+    QApplication app(argc, argv);
+    const QString commandLine = QCoreApplication::arguments().mid(1).join(u' ');
+    if (!nxApp::AppInitialize(vb::Variant(), commandLine)) {
+        return 1;
+    }
+    nxApp::SetDoEvents([] { QCoreApplication::processEvents(); });
+    frmMain window;
+    window.Form_Load();
+    window.show();
+    return QApplication::exec();
 }

@@ -1,0 +1,391 @@
+#include "console/frmMain.h"
+
+#include "console/Decrypt.h"
+
+#include "frame/Edge.h"
+#include "frame/nxApp.h"
+#include "frame/nxError.h"
+#include "frame/nxIni.h"
+#include "frame/nxReg.h"
+#include "frame/nxSys.h"
+#include "frame/nxWaitCursor.h"
+
+#include <QComboBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QProgressBar>
+#include <QProxyStyle>
+#include <QPushButton>
+#include <QStatusBar>
+#include <QVBoxLayout>
+
+#include <cstdint>
+#include <optional>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kSystemDatabase = u"QZSystem.mdb"_s;
+const QString kNotAvailable = u"Funzione non ancora disponibile in questa versione."_s;
+
+// Password fields show every character as '*', whatever the style would draw.
+class StarPasswordStyle : public QProxyStyle {
+public:
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* returnData) const override {
+        if (hint == SH_LineEdit_PasswordCharacter) {
+            return u'*';
+        }
+        return QProxyStyle::styleHint(hint, option, widget, returnData);
+    }
+};
+
+template <class W> W* named(W* widget, const QString& name) {
+    widget->setObjectName(name);
+    return widget;
+}
+
+QLabel* label(const QString& name, const QString& caption) {
+    return named(new QLabel(caption), name);
+}
+
+QPushButton* button(const QString& name, const QString& caption, const QString& tip) {
+    auto* b = named(new QPushButton(caption), name);
+    b->setToolTip(tip);
+    return b;
+}
+
+QLineEdit* textBox(const QString& name, const QString& tip) {
+    auto* t = named(new QLineEdit, name);
+    t->setToolTip(tip);
+    return t;
+}
+
+} // namespace
+
+frmMain::frmMain(ServerDirectory servers, std::unique_ptr<FileOpenDialog> dialog, QWidget* parent)
+    : QWidget(parent), m_servers(std::move(servers)), m_dialog(std::move(dialog)) {
+    setObjectName(u"frmMain"_s);
+    buildControls();
+}
+
+frmMain::~frmMain() = default;
+
+void frmMain::buildControls() {
+    Frame1 = named(new QGroupBox(u"Origine dati"_s), u"Frame1"_s);
+    Label5 =
+        label(u"Label5"_s, u"Elenco percorsi rilevati contenenti database Access (QZSystem.mdb)"_s);
+    lstMdbPath = named(new QListWidget, u"lstMdbPath"_s);
+    lstMdbPath->setToolTip(u"Selezionare uno dei percorsi già registrati contenenti un archivio "
+                           u"da convertire"_s);
+    Label1 = label(u"Label1"_s, u"File Access origine:"_s);
+    txtMDBPath =
+        textBox(u"txtMDBPath"_s, u"Inserire il percorso di un database Access da convertire"_s);
+    cmdPath = button(u"cmdPath"_s, u"..."_s, u"Selezionare un database Access da convertire"_s);
+    auto* source = new QGridLayout(Frame1);
+    source->addWidget(Label5, 0, 0, 1, 3);
+    source->addWidget(lstMdbPath, 1, 0, 1, 3);
+    source->addWidget(Label1, 2, 0);
+    source->addWidget(txtMDBPath, 2, 1);
+    source->addWidget(cmdPath, 2, 2);
+
+    Frame2 = named(new QGroupBox(u"Server di destinazione (SQL Server)"_s), u"Frame2"_s);
+    Label3 = label(u"Label3"_s, u"Nome server:"_s);
+    cmbSqlServer = named(new QComboBox, u"cmbSqlServer"_s);
+    cmbSqlServer->setEditable(true);
+    cmbSqlServer->setInsertPolicy(QComboBox::NoInsert);
+    cmbSqlServer->setToolTip(u"Inserire o selezionare il nome del server SQL di destinazione"_s);
+    cmdSqlSrv = button(u"cmdSqlSrv"_s, u"..."_s,
+                       u"Effettua una ricerca delle istanze di SQL Server presenti e "
+                       u"pubblicizzati nel dominio corrente"_s);
+    Label4 = label(u"Label4"_s, u"Nome database:"_s);
+    txtDbName = textBox(u"txtDbName"_s, u"Inserire il nome del database da creare"_s);
+    Label7 = label(u"Label7"_s, u"Descrizione:"_s);
+    txtDbDesc =
+        textBox(u"txtDbDesc"_s, u"Inserire o modificare la descrizione del database da creare"_s);
+    Label2 = label(u"Label2"_s, u"Username SQL Server:"_s);
+    txtUsername = textBox(u"txtUsername"_s,
+                          u"Inserire il nome utente SQL Server o lasciare in bianco se si usa "
+                          u"l'autenticazione Windows"_s);
+    Label6 = label(u"Label6"_s, u"Password:"_s);
+    txtPassword =
+        textBox(u"txtPassword"_s, u"Inserire la password dell'utente SQL Server utilizzato"_s);
+    auto* stars = new StarPasswordStyle;
+    stars->setParent(txtPassword);
+    txtPassword->setStyle(stars);
+    txtPassword->setEchoMode(QLineEdit::Password);
+    cmdTestConn = button(u"cmdTestConn"_s, u"&Verifica connessione"_s,
+                         u"Verifica della validità dei dati per la connessione e "
+                         u"l'autenticazione all'istanza SQL Server utilizzata"_s);
+    auto* target = new QGridLayout(Frame2);
+    target->addWidget(Label3, 0, 0);
+    target->addWidget(cmbSqlServer, 0, 1);
+    target->addWidget(cmdSqlSrv, 0, 2);
+    target->addWidget(Label4, 1, 0);
+    target->addWidget(txtDbName, 1, 1, 1, 2);
+    target->addWidget(Label7, 2, 0);
+    target->addWidget(txtDbDesc, 2, 1, 1, 2);
+    target->addWidget(Label2, 3, 0);
+    target->addWidget(txtUsername, 3, 1, 1, 2);
+    target->addWidget(Label6, 4, 0);
+    target->addWidget(txtPassword, 4, 1, 1, 2);
+    target->addWidget(cmdTestConn, 5, 1, 1, 2, Qt::AlignRight);
+
+    Frame3 = named(new QGroupBox(u"Attività"_s), u"Frame3"_s);
+    lstLog = named(new QListWidget, u"lstLog"_s);
+    pgBarTbl = named(new QProgressBar, u"pgBarTbl"_s);
+    pgBarRec = named(new QProgressBar, u"pgBarRec"_s);
+    for (QProgressBar* bar : {pgBarTbl, pgBarRec}) {
+        bar->setRange(0, 100);
+        bar->setValue(0);
+    }
+    lblRec = named(new QLabel, u"lblRec"_s);
+    auto* activity = new QGridLayout(Frame3);
+    activity->addWidget(lstLog, 0, 0, 1, 2);
+    activity->addWidget(pgBarTbl, 1, 0, 1, 2);
+    activity->addWidget(pgBarRec, 2, 0);
+    activity->addWidget(lblRec, 2, 1);
+
+    Picture1 = named(new QWidget, u"Picture1"_s);
+    cmdImport = button(u"cmdImport"_s, u"&Importa"_s,
+                       u"Verifica la consistenza del database da convertire e procede con la "
+                       u"conversione"_s);
+    cmdStop = button(u"cmdStop"_s, u"I&nterrompi"_s, u"Interrompe la conversione in corso"_s);
+    cmdExit = button(u"cmdExit"_s, u"&Esci"_s, u"Esce dal programma"_s);
+    auto* buttons = new QHBoxLayout(Picture1);
+    buttons->addWidget(cmdImport);
+    buttons->addWidget(cmdStop);
+    buttons->addStretch();
+    buttons->addWidget(cmdExit);
+
+    StatusBar1 = named(new QStatusBar, u"StatusBar1"_s);
+    StatusBar1->setSizeGripEnabled(false);
+    statusPanel1 = named(new QLabel, u"StatusBar1.Panel1"_s);
+    StatusBar1->addWidget(statusPanel1, 1);
+
+    auto* window = new QVBoxLayout(this);
+    for (QWidget* band :
+         {static_cast<QWidget*>(Frame1), static_cast<QWidget*>(Frame2),
+          static_cast<QWidget*>(Frame3), Picture1, static_cast<QWidget*>(StatusBar1)}) {
+        window->addWidget(band);
+    }
+    window->setStretchFactor(Frame3, 1);
+
+    // The tab order of the window's fields and buttons.
+    const QList<QWidget*> order{lstMdbPath, txtMDBPath, cmdPath,     cmbSqlServer, cmdSqlSrv,
+                                txtDbName,  txtDbDesc,  txtUsername, txtPassword,  cmdTestConn,
+                                lstLog,     cmdImport,  cmdStop,     cmdExit};
+    for (qsizetype i = 1; i < order.size(); ++i) {
+        setTabOrder(order[i - 1], order[i]);
+    }
+
+    cmdTestConn->setEnabled(false);
+    cmdImport->setEnabled(false);
+    cmdStop->setEnabled(false);
+
+    connect(txtMDBPath, &QLineEdit::textChanged, this, [this] { fieldRule(false); });
+    connect(txtDbName, &QLineEdit::textChanged, this, [this] { fieldRule(true); });
+    connect(cmbSqlServer, &QComboBox::editTextChanged, this, [this] { fieldRule(true); });
+    connect(lstMdbPath, &QListWidget::currentRowChanged, this,
+            [this](int row) { lstMdbPath_Click(row); });
+    connect(cmdPath, &QPushButton::clicked, this, [this] { cmdPath_Click(); });
+    connect(cmdSqlSrv, &QPushButton::clicked, this, [this] { cmdSqlSrv_Click(); });
+    connect(cmdTestConn, &QPushButton::clicked, this, [this] { cmdTestConn_Click(); });
+    connect(cmdImport, &QPushButton::clicked, this, [this] { cmdImport_Click(); });
+    connect(cmdExit, &QPushButton::clicked, this, [this] { close(); });
+}
+
+QString frmMain::StatusText() const {
+    return statusPanel1->text();
+}
+
+void frmMain::Form_Load() {
+    setWindowTitle(u"Solvaria Access -> SQL Server upsizing tool - ver. "_s + nxApp::AppRelease());
+    lstMdbPath->clear();
+    ScanRegisteredPaths(u"Solvaria"_s, win::kHKeyLocalMachine);
+    ScanRegisteredPaths(u"Solvaria"_s, win::kHKeyCurrentUser);
+    ScanRegisteredPaths(u"Tesselia"_s, win::kHKeyLocalMachine);
+    ScanRegisteredPaths(u"Tesselia"_s, win::kHKeyCurrentUser);
+}
+
+void frmMain::ScanRegisteredPaths(const QString& product, win::HKey root) {
+    nxReg reg;
+    const QString general = u"SOFTWARE\\Brontel Data\\"_s + product + u"\\General"_s;
+    if (!reg.RegOpen(root, general)) {
+        return;
+    }
+    offerPath(reg.GetVal(u"SharedPath"_s, QString()).toString());
+    // A gap in the numbering is no end: every one of the hundred names is tried.
+    if (!reg.RegOpen(root, general + u"\\Recent"_s)) {
+        return;
+    }
+    offerPath(reg.GetVal(u"SharedPath-1"_s, QString()).toString());
+    for (int i = 0; i <= 99; ++i) {
+        offerPath(reg.GetVal(u"SharedPath"_s + QString::number(i), QString()).toString());
+    }
+    reg.RegClose();
+}
+
+void frmMain::offerPath(const QString& path) {
+    nxSys& sys = nxApp::Sys();
+    if (!path.isEmpty() && !PathAlreadyListed(path) &&
+        sys.FileExist(sys.AddBkSlash(path) + kSystemDatabase)) {
+        lstMdbPath->addItem(path);
+    }
+}
+
+bool frmMain::PathAlreadyListed(const QString& path) const {
+    nxSys& sys = nxApp::Sys();
+    const QString wanted = sys.DelBkSlash(path).toLower();
+    for (int i = 0; i < lstMdbPath->count(); ++i) {
+        if (sys.DelBkSlash(lstMdbPath->item(i)->text()).toLower() == wanted) {
+            return true;
+        }
+    }
+    return false;
+}
+
+void frmMain::fieldRule(bool serverOrName) {
+    const bool server = !cmbSqlServer->currentText().isEmpty();
+    const bool name = !txtDbName->text().isEmpty();
+    cmdImport->setEnabled(!txtMDBPath->text().isEmpty() && name && server);
+    // A connection test asks for a database name too, though it connects to master.
+    if (serverOrName) {
+        cmdTestConn->setEnabled(server && name);
+    }
+}
+
+void frmMain::EnableControls(bool flag) {
+    for (QWidget* control : {static_cast<QWidget*>(lstMdbPath), static_cast<QWidget*>(txtDbName),
+                             static_cast<QWidget*>(txtDbDesc), static_cast<QWidget*>(cmbSqlServer),
+                             static_cast<QWidget*>(cmdPath), static_cast<QWidget*>(cmdSqlSrv),
+                             static_cast<QWidget*>(cmdTestConn), static_cast<QWidget*>(cmdImport),
+                             static_cast<QWidget*>(cmdExit)}) {
+        control->setEnabled(flag);
+    }
+    cmdStop->setEnabled(!flag);
+}
+
+void frmMain::lstMdbPath_Click(int row) {
+    if (row < 0) {
+        return;
+    }
+    m_sourcePath = nxApp::Sys().AddBkSlash(lstMdbPath->item(row)->text()) + kSystemDatabase;
+    txtMDBPath->setText(m_sourcePath);
+    LoadDescription();
+}
+
+void frmMain::cmdPath_Click() {
+    if (!txtMDBPath->text().isEmpty()) {
+        m_dialog->InitDir = txtMDBPath->text();
+    }
+    m_dialog->Filter = u"Database Solvaria/Tesselia (QZSystem*.mdb)|QZSystem*.mdb"_s;
+    m_dialog->FilterIndex = 1;
+    m_dialog->ShowOpen(this);
+    // A cancelled dialog is not told apart: its file name, whatever it is, is taken.
+    m_sourcePath = m_dialog->FileName;
+    txtMDBPath->setText(m_sourcePath);
+    LoadDescription();
+}
+
+void frmMain::LoadDescription() {
+    nxSys& sys = nxApp::Sys();
+    try {
+        QString folder;
+        if (!m_sourcePath.isEmpty()) {
+            folder = sys.GetDir(m_sourcePath, true);
+        }
+        if (!sys.DirExist(folder)) {
+            return;
+        }
+        txtDbDesc->clear();
+        const QString file = folder + u"config.ini"_s;
+        if (sys.FileExist(file)) {
+            nxIni ini;
+            ini.SetIni(file);
+            const QString value =
+                ini.GetVal(u"Database"_s, u"DatabaseDesc"_s, QString()).toString();
+            const DecryptResult plain = Decrypt_Text(value, u"brnzolvet52"_s, true);
+            if (!plain.ok) {
+                lstLog->addItem(QString::number(plain.number) + u": "_s + plain.description);
+            }
+            txtDbDesc->setText(plain.text);
+        } else {
+            LoadDescriptionFromDb();
+        }
+    } catch (...) {
+        if (txtDbDesc->text().isEmpty()) {
+            LoadDescriptionFromDb();
+        }
+    }
+}
+
+void frmMain::LoadDescriptionFromDb() {
+    if (!nxApp::Sys().FileExist(m_sourcePath)) {
+        return;
+    }
+    // Reading the description from the database needs the database layer, which this build
+    // does not have: say so in the activity list and leave the field as it is.
+    lstLog->addItem(u"Lettura della descrizione dal database: "_s + kNotAvailable);
+}
+
+void frmMain::cmdSqlSrv_Click() {
+    nxWaitCursor wait;
+    wait.Show(true);
+    cmdSqlSrv->setEnabled(false);
+    statusPanel1->setText(u"Ricerca istanze SQL Server in corso..."_s);
+
+    // Every step goes on past a failure of the one before, and nothing is reported.
+    std::unique_ptr<ServerBrowser> application =
+        IgnoreErrors(std::unique_ptr<ServerBrowser>(), [&] { return m_servers.application(); });
+    if (application) {
+        std::unique_ptr<InstanceBrowser> server =
+            IgnoreErrors(std::unique_ptr<InstanceBrowser>(), [&] { return m_servers.server(); });
+        const std::optional<sqldmo::NameList> names =
+            IgnoreErrors(std::optional<sqldmo::NameList>(),
+                         [&] { return std::optional(application->ListAvailableSQLServers()); });
+        cmbSqlServer->clear();
+        // The instance list is not reset between servers: when a server fails to answer, the
+        // list of the one before is added again.
+        std::optional<sqldmo::NameList> instances;
+        const auto count = static_cast<std::int16_t>(names ? names->Count() : 0);
+        for (std::int16_t i = 1; i <= count; ++i) {
+            IgnoreErrors([&] {
+                if (!server) {
+                    return;
+                }
+                instances = server->ListInstalledInstances(names->Item(i));
+            });
+            if (!instances) {
+                continue;
+            }
+            const std::int32_t found = instances->Count();
+            for (std::int32_t j = 1; j <= found; ++j) {
+                IgnoreErrors([&] {
+                    const QString instance = instances->Item(j);
+                    cmbSqlServer->addItem(instance.toLower() == u"(local)"_s ? u"localhost"_s
+                                                                             : instance);
+                });
+            }
+        }
+        // Filling the list does not choose from it: the field stays as the clearing left it.
+        cmbSqlServer->setCurrentIndex(-1);
+        cmbSqlServer->setEditText(QString());
+    }
+
+    statusPanel1->clear();
+    cmdSqlSrv->setEnabled(true);
+}
+
+void frmMain::cmdTestConn_Click() {
+    nxApp::MsgBox(u"Verifica connessione: "_s + kNotAvailable, 48);
+}
+
+void frmMain::cmdImport_Click() {
+    nxApp::MsgBox(u"Importazione: "_s + kNotAvailable, 48);
+}
