@@ -1,11 +1,12 @@
 cmake_policy(SET CMP0057 NEW) # IN_LIST in script mode
-# cmake -DROOT=<source dir> -DDEPS="a:b;c|b:c" -DLAYERS="a;b;c" -P CheckLayers.cmake
+# cmake -DROOT=<source dir> -DDEPS="a:b,c|b:c" -DLAYERS="a;b;c" -P CheckLayers.cmake
 string(REPLACE "|" ";" entries "${DEPS}")
 foreach(entry IN LISTS entries)
     string(FIND "${entry}" ":" colon)
     string(SUBSTRING "${entry}" 0 ${colon} lib)
     math(EXPR start "${colon} + 1")
     string(SUBSTRING "${entry}" ${start} -1 direct)
+    string(REPLACE "," ";" direct "${direct}")
     set(direct_${lib} ${direct})
 endforeach()
 

@@ -26,7 +26,9 @@ function(upsizer_library name)
     add_library(${name} STATIC ${ARG_SOURCES})
     target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR})
     target_link_libraries(${name} PUBLIC ${ARG_DEPENDS} Qt6::Core PRIVATE upsizer_defaults ${ARG_LIBS})
-    set_property(GLOBAL APPEND PROPERTY UPSIZER_LAYER_DEPS "${name}:${ARG_DEPENDS}")
+    # Commas inside an entry, since the entries themselves travel as a list.
+    list(JOIN ARG_DEPENDS "," direct)
+    set_property(GLOBAL APPEND PROPERTY UPSIZER_LAYER_DEPS "${name}:${direct}")
 endfunction()
 
 # Runs at every build: fails on an #include "<folder>/..." that the folder's dependencies
