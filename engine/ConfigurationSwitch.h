@@ -4,6 +4,7 @@
 
 #include <functional>
 
+class nxDb;
 class nxLog;
 
 // Points the suite at the new server database: rewrites config.ini beside the source (keeping
@@ -18,6 +19,13 @@ struct ServerSettings {
     QString username; // empty: integrated security
     QString password;
 };
+
+// The description of the new database, on the destination handle: when QZSYSTEM's DESCRIZIONE
+// is null or empty it becomes `dbDesc` ("update QZSYSTEM set DESCRIZIONE='<dbDesc>'", the text
+// not doubled for apostrophes, so an apostrophe makes the server refuse it); a description copied
+// from the source stays. False, with the reason in nxApp::LastError, when the read or the update
+// failed: the run then ends without writing config.ini.
+bool StoreDescription(nxDb& dest, const QString& dbDesc) noexcept;
 
 class ConfigurationSwitch {
 public:
