@@ -4,10 +4,7 @@
 
 #include "platform/vb/Err.h"
 
-#if __has_include("platform/ado/Error.h")
 #include "platform/ado/Error.h"
-#define FRAME_KNOWS_ADO 1
-#endif
 
 #include <new>
 
@@ -25,12 +22,10 @@ vb::ErrRecord recordOfCurrentException() {
         throw;
     } catch (const vb::RuntimeError& e) {
         record = e.record();
-#ifdef FRAME_KNOWS_ADO
     } catch (const ado::Error& e) {
         record.Number = e.hresult();
         record.Source = e.source();
         record.Description = e.description();
-#endif
     } catch (const std::bad_alloc&) {
         record.Number = kOutOfMemory;
         record.Description = u"Memoria esaurita"_s;
@@ -49,8 +44,16 @@ vb::ErrRecord recordOfCurrentException() {
 
 } // namespace
 
-void trapCurrentException(QStringView label, bool silent) {
+vb::ErrRecord currentErrorRecord() noexcept {
+    return recordOfCurrentException();
+}
+
+void LoadAmbientError() {
     vb::Err() = recordOfCurrentException();
+}
+
+void trapCurrentException(QStringView label, bool silent) {
+    LoadAmbientError();
     nxApp::ErrorBox(label.toString(), silent, false);
 }
 

@@ -1,10 +1,21 @@
 #pragma once
 
+#include "platform/vb/Err.h"
+
 #include <QStringView>
 
 #include <utility>
 
 namespace frame {
+
+// Inside a catch block: leaves the exception in flight in the ambient error (vb::Err()), as the
+// run time would have, so that a member can adjust it before it reaches nxApp::ErrorBox. The
+// numbers are those of trapCurrentException below.
+void LoadAmbientError();
+
+// Inside a catch block: the exception in flight read as an error record, with the numbers of
+// trapCurrentException, leaving the ambient error and nxApp::LastError() as they are.
+vb::ErrRecord currentErrorRecord() noexcept;
 
 // Inside a catch block: reads the exception in flight into the ambient error (vb::Err()), as the
 // run time would have left it, and hands it to nxApp::ErrorBox(label, silent, false), which

@@ -3,6 +3,7 @@
 
 #include "platform/vb/Err.h"
 #include "platform/win/QtMessageBox.h"
+#include "platform/win/WindowThreadMessageBox.h"
 
 using namespace Qt::StringLiterals;
 
@@ -47,7 +48,9 @@ private:
 long nxApp::showBox(win::MessageBoxRequest request) {
     State& s = state();
     if (!s.box) {
-        s.box = std::make_shared<win::QtMessageBox>();
+        // Asked from a worker thread (a conversion), the box is shown on the window thread.
+        s.box =
+            std::make_shared<win::WindowThreadMessageBox>(std::make_shared<win::QtMessageBox>());
     }
     const DefaultPointer pointer;
     return s.box->show(request);

@@ -5,6 +5,7 @@ target_sources(platform PRIVATE
     ${CMAKE_CURRENT_LIST_DIR}/MessageBox.cpp
     ${CMAKE_CURRENT_LIST_DIR}/ScriptedMessageBox.cpp
     ${CMAKE_CURRENT_LIST_DIR}/QtMessageBox.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/WindowThreadMessageBox.cpp
     ${CMAKE_CURRENT_LIST_DIR}/Registry.cpp
     ${CMAKE_CURRENT_LIST_DIR}/FileRegistry.cpp
     ${CMAKE_CURRENT_LIST_DIR}/Profile.cpp

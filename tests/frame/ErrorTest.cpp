@@ -2,10 +2,7 @@
 
 #include "tests/frame/FrameFixture.h"
 
-#if __has_include("platform/ado/Error.h")
 #include "platform/ado/Error.h"
-#define TEST_KNOWS_ADO 1
-#endif
 
 #include <new>
 #include <stdexcept>
@@ -91,7 +88,6 @@ TEST_F(ErrorTest, EdgeNamesMemoryAndUnknownFailures) {
     EXPECT_EQ(vb::Err().Number, 51); // the ambient error holds it too
 }
 
-#ifdef TEST_KNOWS_ADO
 TEST_F(ErrorTest, EdgeKeepsTheProvidersHresult) {
     box->answer(1);
     Edge(u"nxConn.TdExist()"_s, false, [] {
@@ -104,6 +100,54 @@ TEST_F(ErrorTest, EdgeKeepsTheProvidersHresult) {
               u"Tabella inesistente\r\n\r\nnxConn.TdExist() (errore -2147217865, 0x80040E37)"_s);
     EXPECT_EQ(box->last().flags, 48);
 }
-#endif
+
+TEST_F(ErrorTest, LoadAmbientErrorFillsTheAmbientErrorOnlyAndCanBeAdjusted) {
+    nxApp::LastError().Fill(5, u"prima"_s, u"precedente"_s, QString(), 0, false);
+    try {
+        throw ado::Error(ado::HResult::DB_E_BADTABLEID, u"Tabella inesistente"_s,
+                         u"Microsoft OLE DB Provider for SQL Server"_s);
+    } catch (...) {
+        frame::LoadAmbientError();
+    }
+    EXPECT_EQ(vb::Err().Number, -2147217865);
+    EXPECT_EQ(vb::Err().Description, u"Tabella inesistente"_s);
+    // Nothing is recorded or shown until the member hands the adjusted error on.
+    EXPECT_EQ(nxApp::LastError().Number(), 5);
+    EXPECT_TRUE(box->shown().empty());
+    vb::Err().Description = u"nxRs.RsOpen: tabella inesistente"_s;
+    nxApp::ErrorBox(u"nxRs.RsOpen()"_s, true, false);
+    EXPECT_EQ(nxApp::LastError().Number(), -2147217865);
+    EXPECT_EQ(nxApp::LastError().Description(), u"nxRs.RsOpen: tabella inesistente"_s);
+
+    try {
+        throw std::runtime_error("");
+    } catch (...) {
+        frame::LoadAmbientError();
+    }
+    EXPECT_EQ(vb::Err().Number, 51);
+    EXPECT_EQ(vb::Err().Description, u"Errore interno"_s);
+}
+
+TEST_F(ErrorTest, CurrentErrorRecordReadsTheFailureAndTouchesNothing) {
+    vb::Err().Number = 3021;
+    vb::ErrRecord record;
+    try {
+        vb::Raise(vb::errors::kFileNotFound, u"nxLib"_s, {});
+    } catch (...) {
+        record = frame::currentErrorRecord();
+    }
+    EXPECT_EQ(record.Number, 53);
+    EXPECT_EQ(record.Description, u"Impossibile trovare il file"_s);
+    // Raise itself filled the ambient error; reading the record afterwards changes nothing.
+    vb::Err().Number = 3021;
+    try {
+        throw std::bad_alloc();
+    } catch (...) {
+        record = frame::currentErrorRecord();
+    }
+    EXPECT_EQ(record.Number, 7);
+    EXPECT_EQ(vb::Err().Number, 3021);
+    EXPECT_EQ(nxApp::LastError().Number(), 0);
+}
 
 } // namespace
