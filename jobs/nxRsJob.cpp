@@ -148,7 +148,7 @@ void nxRsJob::work(bool& result, bool param) {
             rs.MoveFirst(true);
         }
         m_endJob = false;
-        while (!rs.Eof() && !m_endJob) {
+        while (result && !rs.Eof() && !m_endJob) {
             m_job.Status(rs.Position(), m_status, false);
             result = !m_job.Stopped();
             if (result && OnRecord) {

@@ -317,7 +317,9 @@ bool nxRs::Update(bool Silent, bool CancelOnError, bool Undo, bool Edit) noexcep
             vb::Err() = failure;
         }
         const vb::ErrRecord failure = vb::Err();
-        CancelUpdate(edit, undo);
+        if (undo || !edit) {
+            CancelUpdate(edit, undo);
+        } // else the edit stays open with what was typed, for the caller to correct
         vb::Err() = failure;
         nxApp::ErrorBox(u"nxRs.Update()"_s, Silent, false);
         return false;

@@ -152,9 +152,9 @@ bool nxRs::tryMove(int kind, bool silent) {
 }
 
 void nxRs::onMoveComplete(ado::EventReasonEnum reason) {
-    static_cast<void>(reason);
-    if (!m_isEditing && !m_isNewRec) {
-        m_isEditing = false;
+    // The row an edit stood on was deleted: the edit has nothing left to write.
+    if (reason == ado::EventReasonEnum::adRsnDelete && m_isEditing) {
+        CancelUpdate(false, true);
     }
     if (IsValidPos()) {
         const bool adding =

@@ -13,17 +13,24 @@
 #include <deque>
 #include <memory>
 #include <optional>
+#include <set>
 
 using namespace Qt::StringLiterals;
 
+// The IDs (first column) of rows whose values can no longer be read, as a row deleted by
+// another user under a cursor.
+using UnreadableRows = std::set<std::int32_t>;
+
 // A rowset that passes everything to another and fails the changes a test lines up: each
-// insert or update takes the next error of its queue, if there is one.
+// insert or update takes the next error of its queue, if there is one. The values of the rows in
+// `unreadable` fail with a provider error.
 class FaultyRowset : public ado::ProviderRowset {
 public:
     FaultyRowset(std::unique_ptr<ado::ProviderRowset> inner,
                  std::shared_ptr<std::deque<std::optional<ado::Error>>> faults,
-                 std::shared_ptr<int> changes)
-        : m_inner(std::move(inner)), m_faults(std::move(faults)), m_changes(std::move(changes)) {}
+                 std::shared_ptr<int> changes, std::shared_ptr<UnreadableRows> unreadable)
+        : m_inner(std::move(inner)), m_faults(std::move(faults)), m_changes(std::move(changes)),
+          m_unreadable(std::move(unreadable)) {}
 
     const std::vector<ado::ColumnInfo>& columns() const override { return m_inner->columns(); }
     ado::CursorTypeEnum cursorType() const override { return m_inner->cursorType(); }
@@ -32,7 +39,14 @@ public:
     bool canSeek() const override { return m_inner->canSeek(); }
     ado::RowId rowId() const override { return m_inner->rowId(); }
     bool seek(ado::RowId id) override { return m_inner->seek(id); }
-    vb::Variant value(int column) override { return m_inner->value(column); }
+    vb::Variant value(int column) override {
+        if (!m_unreadable->empty() &&
+            m_unreadable->count(m_inner->value(0).toLong().value_or(-1)) != 0) {
+            throw ado::Error(ado::HResult::E_UNSPECIFIED, u"Row handle referred to a deleted row"_s,
+                             u"Microsoft OLE DB Provider for SQL Server"_s);
+        }
+        return m_inner->value(column);
+    }
     std::vector<ado::PropertyValue> properties() const override { return m_inner->properties(); }
     bool canUpdate() const override { return m_inner->canUpdate(); }
     ado::RowId insertRow(const std::vector<ado::FieldChange>& values) override {
@@ -60,14 +74,16 @@ private:
     std::unique_ptr<ado::ProviderRowset> m_inner;
     std::shared_ptr<std::deque<std::optional<ado::Error>>> m_faults;
     std::shared_ptr<int> m_changes;
+    std::shared_ptr<UnreadableRows> m_unreadable;
 };
 
 class FaultySession : public ado::ProviderSession {
 public:
     FaultySession(std::unique_ptr<ado::ProviderSession> inner,
                   std::shared_ptr<std::deque<std::optional<ado::Error>>> faults,
-                  std::shared_ptr<int> changes)
-        : m_inner(std::move(inner)), m_faults(std::move(faults)), m_changes(std::move(changes)) {}
+                  std::shared_ptr<int> changes, std::shared_ptr<UnreadableRows> unreadable)
+        : m_inner(std::move(inner)), m_faults(std::move(faults)), m_changes(std::move(changes)),
+          m_unreadable(std::move(unreadable)) {}
 
     QString connectionString() const override { return m_inner->connectionString(); }
     std::vector<ado::PropertyValue> properties() const override { return m_inner->properties(); }
@@ -75,8 +91,8 @@ public:
     ado::CommandResult execute(const ado::CommandRequest& request) override {
         ado::CommandResult result = m_inner->execute(request);
         if (result.rowset) {
-            result.rowset =
-                std::make_unique<FaultyRowset>(std::move(result.rowset), m_faults, m_changes);
+            result.rowset = std::make_unique<FaultyRowset>(std::move(result.rowset), m_faults,
+                                                           m_changes, m_unreadable);
         }
         return result;
     }
@@ -94,6 +110,7 @@ private:
     std::unique_ptr<ado::ProviderSession> m_inner;
     std::shared_ptr<std::deque<std::optional<ado::Error>>> m_faults;
     std::shared_ptr<int> m_changes;
+    std::shared_ptr<UnreadableRows> m_unreadable;
 };
 
 // The recording provider in place of "SQLOLEDB", with faults on row changes.
@@ -103,10 +120,12 @@ public:
     std::shared_ptr<std::deque<std::optional<ado::Error>>> faults =
         std::make_shared<std::deque<std::optional<ado::Error>>>();
     std::shared_ptr<int> changes = std::make_shared<int>(0);
+    std::shared_ptr<UnreadableRows> unreadable = std::make_shared<UnreadableRows>();
 
     QString name() const override { return recording.name(); }
     std::unique_ptr<ado::ProviderSession> open(const ado::OpenRequest& request) override {
-        return std::make_unique<FaultySession>(recording.open(request), faults, changes);
+        return std::make_unique<FaultySession>(recording.open(request), faults, changes,
+                                               unreadable);
     }
     void createDatabase(const ado::ConnectionString& c) override { recording.createDatabase(c); }
 };
