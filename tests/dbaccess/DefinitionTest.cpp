@@ -156,6 +156,66 @@ TEST_F(DefinitionTest, OnJetASecondAutoIncrementColumnIsTheFirstRenamed) {
     EXPECT_EQ(td.Columns().size(), 2u);
 }
 
+// An existing Jet table ELENCO with a column A and a primary key, as the catalog and the
+// schema rowsets say; the rowset may name a key the catalog does not hold.
+void existingJetTable(RecordingProvider& jet, const QString& keyInRowset) {
+    jet.script().schema(ado::SchemaEnum::adSchemaTables,
+                        {ado::SchemaRow(ado::SchemaEnum::adSchemaTables)
+                             .set(u"TABLE_NAME", u"ELENCO"_s)
+                             .set(u"TABLE_TYPE", u"TABLE"_s)
+                             .take()});
+    jet.script().schema(ado::SchemaEnum::adSchemaIndexes,
+                        {ado::SchemaRow(ado::SchemaEnum::adSchemaIndexes)
+                             .set(u"TABLE_NAME", u"ELENCO"_s)
+                             .set(u"INDEX_NAME", keyInRowset)
+                             .set(u"PRIMARY_KEY", true)
+                             .set(u"UNIQUE", true)
+                             .set(u"COLUMN_NAME", u"A"_s)
+                             .take()});
+    ado::CatalogColumn a;
+    a.name = u"A"_s;
+    a.type = ado::DataTypeEnum::adInteger;
+    ado::CatalogIndex key;
+    key.name = u"PK_VECCHIA"_s;
+    key.primaryKey = true;
+    key.unique = true;
+    key.columns = {a};
+    jet.script().catalogTable(ado::CatalogTable{u"ELENCO"_s, u"TABLE"_s, {}, {}, {}}, {a}, {key});
+}
+
+TEST_F(DefinitionTest, OnJetANewPrimaryKeyTakesThePlaceOfTheOldOne) {
+    existingJetTable(*jet, u"PK_VECCHIA"_s);
+    nxDb db;
+    openJet(db);
+    nxTd td;
+    td.Db(&db);
+    ASSERT_MEMBER_OK(td.TdOpen(u"ELENCO"_s));
+    ASSERT_FALSE(td.IsNew());
+    EXPECT_MEMBER_OK(td.IdxAdd(u"PrimaryKey"_s, u"+A"_s, 7));
+    EXPECT_EQ(lines(jet->journal()).filter(u"catalog: "_s),
+              (QStringList{u"catalog: delete index ELENCO.PK_VECCHIA"_s,
+                           u"catalog: append index ELENCO.PrimaryKey primary unique (A asc)"_s}));
+    EXPECT_MEMBER_OK(td.IdxAdd(u"PrimaryKey"_s, u"+A"_s, 7)); // there already: nothing happens
+    EXPECT_EQ(lines(jet->journal()).filter(u"catalog: "_s).size(), 2);
+    EXPECT_MEMBER_OK(td.TdClose());
+}
+
+TEST_F(DefinitionTest, AnIndexThatCannotBeMadeIsReportedWithItsLabel) {
+    existingJetTable(*jet, u"PK_SPARITA"_s);
+    nxDb db;
+    openJet(db);
+    nxTd td;
+    td.Db(&db);
+    ASSERT_MEMBER_OK(td.TdOpen(u"ELENCO"_s));
+    box->answer(1);
+    EXPECT_FALSE(td.IdxAdd(u"PrimaryKey"_s, u"+A"_s, 7));
+    EXPECT_EQ(nxApp::LastError().Source(), u"nxTd.IdxAdd()"_s);
+    EXPECT_EQ(box->shown().size(), 1u);
+    EXPECT_FALSE(td.IdxAdd(u"PrimaryKey"_s, u"+A"_s, 7, true));
+    EXPECT_EQ(box->shown().size(), 1u); // silent
+    EXPECT_TRUE(lines(jet->journal()).filter(u"catalog: "_s).isEmpty());
+}
+
 TEST_F(DefinitionTest, ARefusedCreateTableRunsNoBatch) {
     nxDb db;
     openServer(db);
