@@ -154,8 +154,19 @@ bool nxRs::attach(const ado::RecordsetPtr& recordset) {
         [this](ado::EventReasonEnum reason, ado::Recordset&) { onMoveComplete(reason); });
     m_rs->setOnFieldChangeComplete(
         [this](const std::vector<int>& fields, ado::Recordset&) { onFieldChangeComplete(fields); });
+    noteCursor();
     MoveCurrent(true);
     return true;
+}
+
+// What the cursor can do stays as it is until the recordset opens again; a walk asks for every
+// record and every field, so it is noted once here.
+void nxRs::noteCursor() {
+    m_underlyingOnJet = m_db != nullptr && m_db->DbType() == 0 &&
+                        m_rs->LockType() != ado::LockTypeEnum::adLockReadOnly &&
+                        m_rs->CursorType() == ado::CursorTypeEnum::adOpenKeyset;
+    m_hasPosition = m_rs->Supports(ado::adApproxPosition) ||
+                    m_rs->Properties().find(u"IRowsetLocate"_s) != nullptr;
 }
 
 void nxRs::readFields() {
@@ -245,6 +256,7 @@ bool nxRs::Requery(bool Silent) noexcept {
     try {
         m_rs->Open(sql, m_cn, cursor, lock, ado::adOptionUnspecified);
         m_isOpened = m_rs->State() != ado::adStateClosed;
+        noteCursor();
         MoveCurrent(true);
     } catch (...) {
         rs::LoadAmbientError();

@@ -164,6 +164,7 @@ public:
 
 private:
     bool attach(const ado::RecordsetPtr& recordset);
+    void noteCursor();
     void readFields();
     void readKey();
     void onMoveComplete(ado::EventReasonEnum reason);
@@ -194,7 +195,9 @@ private:
     QString m_primaryIndex;
     QString m_index;
     std::vector<vb::Variant> m_values;
-    bool m_stale = false; // the copy still holds the record before the last move
+    bool m_stale = false;           // the copy still holds the record before the last move
+    bool m_underlyingOnJet = false; // a Jet keyset cursor that may write: see useUnderlying
+    bool m_hasPosition = false;     // the cursor knows its records' positions
     std::vector<bool> m_isKey;
     int m_idField = -1;
     bool m_idSetByHand = false;

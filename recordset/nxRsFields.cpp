@@ -195,10 +195,7 @@ bool nxRs::FldIsSet(const vb::Variant& Field) noexcept {
 // On Jet, a keyset cursor that may write keeps a cached copy: the row's own value is read
 // instead, except on a new row.
 bool nxRs::useUnderlying() const {
-    return m_db != nullptr && m_db->DbType() == 0 &&
-           m_rs->EditMode() != ado::EditModeEnum::adEditAdd &&
-           m_rs->LockType() != ado::LockTypeEnum::adLockReadOnly &&
-           m_rs->CursorType() == ado::CursorTypeEnum::adOpenKeyset;
+    return m_underlyingOnJet && m_rs->EditMode() != ado::EditModeEnum::adEditAdd;
 }
 
 bool nxRs::readField(int index, vb::Variant& value) {

@@ -74,8 +74,7 @@ std::int32_t nxRs::Position() noexcept {
         return 0;
     }
     return IgnoreErrors(0, [&] {
-        if (!m_rs->Supports(ado::adApproxPosition) &&
-            !m_rs->Properties().find(u"IRowsetLocate"_s)) {
+        if (!m_hasPosition) {
             return 0;
         }
         const long position = m_rs->AbsolutePosition();
