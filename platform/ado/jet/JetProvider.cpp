@@ -7,11 +7,19 @@
 #include "platform/ado/jet/JetTypes.h"
 #include "platform/jetfile/Database.h"
 
+#include <QFile>
 #include <QFileInfo>
 
 #include <algorithm>
 #include <map>
 #include <mutex>
+#include <utility>
+
+#ifdef Q_OS_UNIX
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+#endif
 
 using namespace Qt::StringLiterals;
 
@@ -70,6 +78,53 @@ private:
     std::map<QString, std::vector<Grant>> m_grants;
 };
 
+// The share mode as other programs see it: an advisory lock on the file, exclusive for an
+// exclusive open and shared otherwise, held while the connection is open. A program that holds
+// the file exclusively makes the open fail as Jet does. (On Windows the system's own share modes
+// of the open file do this.)
+class ProcessShareLock {
+public:
+    ProcessShareLock() = default;
+    ProcessShareLock(const QString& path, bool exclusive) {
+#ifdef Q_OS_UNIX
+        m_fd = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
+        if (m_fd < 0) {
+            return; // the reader reports a file it cannot open
+        }
+        if (::flock(m_fd, (exclusive ? LOCK_EX : LOCK_SH) | LOCK_NB) != 0) {
+            release();
+            fileInUse(path);
+        }
+#else
+        Q_UNUSED(path);
+        Q_UNUSED(exclusive);
+#endif
+    }
+    ~ProcessShareLock() { release(); }
+    ProcessShareLock(const ProcessShareLock&) = delete;
+    ProcessShareLock& operator=(const ProcessShareLock&) = delete;
+    ProcessShareLock(ProcessShareLock&& other) noexcept : m_fd(std::exchange(other.m_fd, -1)) {}
+    ProcessShareLock& operator=(ProcessShareLock&& other) noexcept {
+        if (this != &other) {
+            release();
+            m_fd = std::exchange(other.m_fd, -1);
+        }
+        return *this;
+    }
+
+    void release() noexcept {
+#ifdef Q_OS_UNIX
+        if (m_fd >= 0) {
+            ::close(m_fd); // closing the descriptor drops its lock
+        }
+#endif
+        m_fd = -1;
+    }
+
+private:
+    int m_fd = -1;
+};
+
 QString tableType(const jetfile::CatalogEntry& e) {
     switch (e.type) {
     case jetfile::CatalogEntry::kTable:
@@ -115,6 +170,33 @@ std::vector<const jetfile::Index*> visibleIndexes(const jetfile::TableDefinition
     std::stable_sort(result.begin(), result.end(),
                      [](const auto* a, const auto* b) { return lessName(a->name, b->name); });
     return result;
+}
+
+// The unique index a relationship refers to: the primary key when its columns are the
+// referenced ones, else the unique index over exactly those columns.
+const jetfile::Index* referencedKey(const jetfile::TableDefinition& t,
+                                    const std::vector<QString>& columns) {
+    const auto sameColumns = [&](const jetfile::Index& index) {
+        if (index.columns.size() != columns.size()) {
+            return false;
+        }
+        for (std::size_t i = 0; i < columns.size(); ++i) {
+            if (index.columns[i].name.compare(columns[i], Qt::CaseInsensitive) != 0) {
+                return false;
+            }
+        }
+        return true;
+    };
+    const auto* pk = t.primaryKey();
+    if (pk != nullptr && sameColumns(*pk)) {
+        return pk;
+    }
+    for (const auto* index : visibleIndexes(t)) {
+        if (index->isUnique() && sameColumns(*index)) {
+            return index;
+        }
+    }
+    return pk;
 }
 
 class JetCatalog : public ProviderCatalog {
@@ -269,8 +351,10 @@ private:
 
 class JetSession : public ProviderSession {
 public:
-    JetSession(const OpenRequest& request, jetfile::Database db, FileLocks::Grant grant)
-        : m_request(request), m_db(std::move(db)), m_grant(std::move(grant)), m_catalog(m_db) {}
+    JetSession(const OpenRequest& request, jetfile::Database db, FileLocks::Grant grant,
+               ProcessShareLock processLock)
+        : m_request(request), m_db(std::move(db)), m_grant(std::move(grant)),
+          m_processLock(std::move(processLock)), m_catalog(m_db) {}
     ~JetSession() override { close(); }
     JetSession(const JetSession&) = delete;
     JetSession& operator=(const JetSession&) = delete;
@@ -348,6 +432,7 @@ public:
         if (!m_closed) {
             m_closed = true;
             FileLocks::instance().release(m_grant);
+            m_processLock.release();
         }
     }
 
@@ -551,8 +636,9 @@ private:
         for (const auto& r : relations) {
             vb::Variant pkName = vb::Null{};
             if (const auto* e = m_db.findObject(r.referencedTable); e && e->isTable()) {
-                if (const auto* pk = m_catalog.definition(r.referencedTable)->primaryKey()) {
-                    pkName = pk->name;
+                if (const auto* key = referencedKey(*m_catalog.definition(r.referencedTable),
+                                                    r.referencedColumns)) {
+                    pkName = key->name;
                 }
             }
             for (std::size_t i = 0; i < r.columns.size() && i < r.referencedColumns.size(); ++i) {
@@ -576,6 +662,7 @@ private:
     OpenRequest m_request;
     jetfile::Database m_db;
     FileLocks::Grant m_grant;
+    ProcessShareLock m_processLock;
     JetCatalog m_catalog;
     long m_level = 0;
     bool m_closed = false;
@@ -590,6 +677,7 @@ std::unique_ptr<ProviderSession> JetProvider::open(const OpenRequest& request) {
     }
     const FileLocks::Grant grant = FileLocks::instance().acquire(path, request.mode);
     try {
+        ProcessShareLock processLock(path, grant.exclusive);
         std::optional<jetfile::Database> db;
         try {
             db = jetfile::Database::open(path);
@@ -602,7 +690,7 @@ std::unique_ptr<ProviderSession> JetProvider::open(const OpenRequest& request) {
             request.connectionString.value(u"Jet OLEDB:Database Password") != stored) {
             badPassword();
         }
-        return std::make_unique<JetSession>(request, std::move(*db), grant);
+        return std::make_unique<JetSession>(request, std::move(*db), grant, std::move(processLock));
     } catch (...) {
         FileLocks::instance().release(grant);
         throw;

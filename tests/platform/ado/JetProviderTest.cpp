@@ -6,6 +6,12 @@
 
 #include <QFile>
 
+#ifdef Q_OS_UNIX
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+#endif
+
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -89,6 +95,40 @@ TEST(JetProvider, ShareModesBetweenConnectionsOfThisProcess) {
     auto again = openJet(path, ado::adModeShareExclusive | ado::adModeRead); // all released
     EXPECT_EQ(again->State(), ado::adStateOpen);
 }
+
+#ifdef Q_OS_UNIX
+// Another program's hold on the file is an advisory lock on it (flock): an exclusive hold keeps
+// every connection out with Jet's "already opened exclusively" error, and an exclusive
+// connection keeps the other programs out while it is open.
+TEST(JetProvider, AFileHeldExclusivelyByAnotherProgramIsReportedAsJetReportsIt) {
+    TestDir dir;
+    const QString path = dir.copyFixture(u"testV2000.mdb"_s);
+    const QByteArray native = QFile::encodeName(path);
+    const int other = ::open(native.constData(), O_RDONLY | O_CLOEXEC);
+    ASSERT_GE(other, 0);
+    ASSERT_EQ(::flock(other, LOCK_EX | LOCK_NB), 0);
+    QString text;
+    EXPECT_EQ(errorOf([&] { openJet(path, ado::adModeRead); }, &text),
+              static_cast<std::int32_t>(0x80004005));
+    EXPECT_EQ(text, u"The Microsoft Jet database engine cannot open the file '"_s + path +
+                        u"'.  It is already opened exclusively by another user, or you need "
+                        u"permission to view its data."_s);
+    ::flock(other, LOCK_UN);
+    {
+        // Shared: another program may read along, but not hold the file alone.
+        auto shared = openJet(path, ado::adModeRead | ado::adModeShareDenyNone);
+        EXPECT_NE(::flock(other, LOCK_EX | LOCK_NB), 0);
+        EXPECT_EQ(::flock(other, LOCK_SH | LOCK_NB), 0);
+        ::flock(other, LOCK_UN);
+        shared->Close();
+    }
+    auto exclusive = openJet(path, ado::adModeShareExclusive);
+    EXPECT_NE(::flock(other, LOCK_SH | LOCK_NB), 0);
+    exclusive->Close();
+    EXPECT_EQ(::flock(other, LOCK_EX | LOCK_NB), 0); // closing gave the file back
+    ::close(other);
+}
+#endif
 
 TEST(JetProvider, TableRecordsetStreamsTypedFields) {
     TestDir dir;

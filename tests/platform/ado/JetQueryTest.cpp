@@ -7,6 +7,8 @@
 
 #include <QFile>
 
+#include <algorithm>
+
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -111,3 +113,79 @@ TEST(JetQuery, EmptyTablesAndPasswords) {
     auto max = cn->Execute(u"SELECT MAX(ID) AS Num FROM (select ID from Secrets where ID > 100) AS TempTab"_s);
     EXPECT_TRUE(max->Fields(u"Num").Value().isNull());
 }
+
+#ifdef ADO_SOLVARIA_DIR
+// The statements the conversion sends to a source of the suite's shape: the archive list in
+// serial order, the database description, and every statement on a table without rows.
+TEST(JetQuery, TheSuitesOwnStatementsOnASolvariaSource) {
+    TestDir dir;
+    const QString path = dir.file(u"solvaria.mdb"_s);
+    QFile::copy(QStringLiteral(ADO_SOLVARIA_DIR) + u"/solvaria-small.mdb"_s, path);
+    QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner);
+
+    // What the answers must be, from a bare scan of the file.
+    struct Archive {
+        vb::Variant serial;
+        vb::Variant name;
+    };
+    std::vector<Archive> archives;
+    QString description;
+    QString emptyTable;
+    {
+        const auto db = jetfile::Database::open(path);
+        auto scan = db.scan(u"DB_ELENCO");
+        while (scan.next()) {
+            archives.push_back({scan.value(u"SYS_SERIALE"), scan.value(u"ARCHIVIO")});
+        }
+        auto system = db.scan(u"QZSYSTEM");
+        ASSERT_TRUE(system.next());
+        description = system.value(u"DESCRIZIONE").toString();
+        for (const auto& e : db.catalog()) {
+            if (emptyTable.isEmpty() && e.isTable() && !e.name.startsWith(u"MSys"_s) &&
+                !db.scan(e.name).next() && db.table(e.name)->primaryKey() != nullptr) {
+                emptyTable = e.name;
+            }
+        }
+    }
+    ASSERT_GE(archives.size(), 2u);
+    ASSERT_FALSE(emptyTable.isEmpty());
+    std::stable_sort(archives.begin(), archives.end(), [](const Archive& a, const Archive& b) {
+        return a.serial.toString().compare(b.serial.toString(), Qt::CaseInsensitive) < 0;
+    });
+
+    auto cn = openJet(path, u";Jet OLEDB:Database Password=brnzolvet52"_s);
+    auto rs = cn->Execute(u"select SYS_SERIALE, ARCHIVIO from DB_ELENCO order by SYS_SERIALE"_s);
+    ASSERT_EQ(rs->Fields().Count(), 2);
+    EXPECT_EQ(rs->Fields(0L).Name(), u"SYS_SERIALE"_s);
+    std::size_t i = 0;
+    for (; !rs->Eof(); rs->MoveNext(), ++i) {
+        ASSERT_LT(i, archives.size());
+        EXPECT_EQ(rs->Fields(u"SYS_SERIALE").Value(), archives[i].serial) << i;
+        EXPECT_EQ(rs->Fields(u"ARCHIVIO").Value(), archives[i].name) << i;
+    }
+    EXPECT_EQ(i, archives.size());
+
+    auto system = cn->Execute(u"select DESCRIZIONE from QZSYSTEM"_s);
+    ASSERT_FALSE(system->Eof());
+    EXPECT_EQ(system->Fields(u"DESCRIZIONE").Value().toString(), description);
+    system->MoveNext();
+    EXPECT_TRUE(system->Eof());
+
+    // A table without rows: no row, a count of 0, a maximum of Null.
+    const auto def = jetfile::Database::open(path).table(emptyTable);
+    const QString key = def->primaryKey()->columns[0].name;
+    const QString& t = emptyTable;
+    EXPECT_EQ(*single(cn, u"select count(*) from "_s + t).toLong(), 0);
+    EXPECT_EQ(*single(cn, u"select count(*) from %1 where (%2 is null)"_s.arg(t, key)).toLong(), 0);
+    auto top = cn->Execute(u"select top 1 %2 from %1 order by %2 asc"_s.arg(t, key));
+    EXPECT_TRUE(top->Bof() && top->Eof());
+    auto all = std::make_shared<ado::Recordset>();
+    all->Open(u"select * from "_s + t, cn, ado::CursorTypeEnum::adOpenKeyset);
+    EXPECT_TRUE(all->Bof() && all->Eof());
+    EXPECT_EQ(all->RecordCount(), 0);
+    EXPECT_EQ(*single(cn, u"SELECT COUNT(*) AS RecNum FROM (select * from %1) AS TempTab"_s.arg(t),
+                      u"RecNum"_s).toLong(), 0);
+    EXPECT_TRUE(single(cn, u"SELECT MAX(%2) AS Num FROM (select %2 from %1) AS TempTab"_s.arg(t, key),
+                       u"Num"_s).isNull());
+}
+#endif
