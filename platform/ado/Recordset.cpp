@@ -488,6 +488,16 @@ void Recordset::setActiveConnection(const ConnectionPtr& connection) {
 }
 
 vb::Variant Recordset::fieldValue(int column) const {
+    // The common read, on a forward-only row with no edit under way, goes straight to the
+    // provider: a scan reads every value of every row through here.
+    if (m_rowset && m_edit.mode() == EditModeEnum::adEditNone && !m_navigator.scrollable() &&
+        m_navigator.hasCurrent()) {
+        try {
+            return m_rowset->value(column);
+        } catch (const Error& e) {
+            providerFailed(e);
+        }
+    }
     requireOpen();
     if (const vb::Variant* pending = m_edit.pending(column)) {
         return *pending;
