@@ -29,6 +29,8 @@ std::vector<ColumnInfo> columnInfos(const std::vector<odbc::Column>& columns) {
         const bool numeric = c.adoType == odbc::adtype::Numeric;
         info.precision = numeric ? static_cast<std::uint8_t>(c.description.size) : 255;
         info.numericScale = numeric ? static_cast<std::uint8_t>(c.description.decimalDigits) : 255;
+        // What the layers above read to find a table's identity column.
+        info.properties.push_back({u"ISAUTOINCREMENT"_s, vb::Variant(c.description.autoUnique), false});
         out.push_back(std::move(info));
     }
     return out;

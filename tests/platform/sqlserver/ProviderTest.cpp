@@ -269,6 +269,65 @@ TEST_F(ProviderTest, AForwardOnlyResultIsReadIntoMemoryWhenTheConnectionIsNeeded
     EXPECT_TRUE(first->Eof());
 }
 
+// The layers above find a table's identity column by the field property ISAUTOINCREMENT, on a
+// streaming and on a buffered recordset alike; the driver's auto-unique attribute gives it.
+TEST_F(ProviderTest, FieldsSayWhichColumnIsTheIdentity) {
+    open();
+    odbc::ColumnDescription id = col(u"ID"_s, SQL_INTEGER, 10);
+    id.autoUnique = true;
+    id.nullable = SQL_NO_NULLS;
+    const R::Result answer = R::rows({id, col(u"Name"_s, SQL_WVARCHAR, 50)},
+                                     {u"int"_s, u"nvarchar"_s},
+                                     {{vb::Variant(std::int32_t(7)), vb::Variant(u"Rossi"_s)}});
+    for (const CursorTypeEnum cursor : {CursorTypeEnum::adOpenForwardOnly, CursorTypeEnum::adOpenKeyset,
+                                        CursorTypeEnum::adOpenStatic}) {
+        api.batches.push_back({answer});
+        auto rs = std::make_shared<Recordset>();
+        rs->Open(u"select top 1 * from Doc"_s, connection, cursor, LockTypeEnum::adLockReadOnly);
+        EXPECT_EQ(rs->CursorType(), cursor);
+        EXPECT_EQ(rs->Fields().Item(u"ID"_s).Properties().Item(u"ISAUTOINCREMENT"_s).Value(),
+                  vb::Variant(true))
+            << static_cast<int>(cursor);
+        EXPECT_EQ(rs->Fields().Item(u"Name"_s).Properties().Item(u"ISAUTOINCREMENT"_s).Value(),
+                  vb::Variant(false))
+            << static_cast<int>(cursor);
+        EXPECT_EQ(rs->Fields().Item(u"ID"_s).Attributes() & adFldIsNullable, 0);
+        rs->Close();
+    }
+}
+
+// Server recordsets are read-only: ADO refuses an edit before anything reaches the server, so a
+// row changed by somebody else never shows as a concurrency violation; Status stays adRecOK.
+TEST_F(ProviderTest, AnEditOnAServerRecordsetIsRefusedBeforeItReachesTheServer) {
+    open();
+    api.batches.push_back({R::rows({col(u"ID"_s, SQL_INTEGER, 10), col(u"Name"_s, SQL_WVARCHAR, 50)},
+                                   {u"int"_s, u"nvarchar"_s},
+                                   {{vb::Variant(std::int32_t(1)), vb::Variant(u"Rossi"_s)}})});
+    auto rs = std::make_shared<Recordset>();
+    rs->Open(u"select ID, Name from Doc"_s, connection, CursorTypeEnum::adOpenKeyset,
+             LockTypeEnum::adLockOptimistic);
+    const int executed = static_cast<int>(calls(u"SQLExecDirect"_s).size());
+    EXPECT_FALSE(rs->Supports(adUpdate));
+    EXPECT_FALSE(rs->Supports(adAddNew));
+    std::int32_t code = 0;
+    try {
+        rs->Fields().Item(u"Name"_s).setValue(vb::Variant(u"Verdi"_s));
+    } catch (const Error& e) {
+        code = e.hresult();
+    }
+    EXPECT_EQ(code, static_cast<std::int32_t>(0x800A0CB3u));
+    code = 0;
+    try {
+        rs->AddNew();
+    } catch (const Error& e) {
+        code = e.hresult();
+    }
+    EXPECT_EQ(code, static_cast<std::int32_t>(0x800A0CB3u));
+    EXPECT_EQ(rs->Status(), adRecOK);
+    EXPECT_EQ(rs->Fields().Item(u"Name"_s).Value(), vb::Variant(u"Rossi"_s));
+    EXPECT_EQ(static_cast<int>(calls(u"SQLExecDirect"_s).size()), executed);
+}
+
 TEST_F(ProviderTest, SchemaRowsetsRunTheirCatalogQueryWithRestrictionsBound) {
     open();
     const std::vector<vb::Variant> restrictions{vb::Variant(), vb::Variant(), vb::Variant(u"Doc"_s)};

@@ -15,8 +15,10 @@ int resolveInstancePort(const QString& host, const QString& instance, int timeou
         return sqldmo::resolveInstancePort(host, instance, timeoutMs, browserPort);
     } catch (const sqldmo::Error& e) {
         // A connection that cannot find its server fails as any other network failure does.
-        throw Failure(hr::E_FAIL_,
-                      u"SQL Server instance '%1\\%2': %3"_s.arg(host, instance, e.description()));
+        // The look-up names the instance itself; it is not named twice.
+        const QString prefix = u"SQL Server instance '%1\\%2': "_s.arg(host, instance);
+        const QString text = e.description();
+        throw Failure(hr::E_FAIL_, text.startsWith(prefix) ? text : prefix + text);
     }
 }
 

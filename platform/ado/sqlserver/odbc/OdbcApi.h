@@ -25,6 +25,8 @@ struct ColumnDescription {
     SQLULEN size = 0;
     SQLSMALLINT decimalDigits = 0;
     SQLSMALLINT nullable = SQL_NULLABLE_UNKNOWN;
+    // The column's values come from the server (an identity column).
+    bool autoUnique = false;
 };
 
 class Api {

@@ -93,12 +93,20 @@ public:
     }
     SQLRETURN describeCol(SQLHSTMT stmt, SQLUSMALLINT column,
                           ColumnDescription* d) override {
-        return readText(
+        const SQLRETURN rc = readText(
             [&](SQLWCHAR* buffer, SQLSMALLINT chars, SQLSMALLINT* length) {
                 return SQLDescribeColW(stmt, column, buffer, chars, length, &d->sqlType, &d->size,
                                        &d->decimalDigits, &d->nullable);
             },
             &d->name);
+        if (succeeded(rc)) {
+            // Not every driver knows the attribute; a column it cannot tell about is no identity.
+            SQLLEN autoUnique = SQL_FALSE;
+            d->autoUnique = succeeded(SQLColAttributeW(stmt, column, SQL_DESC_AUTO_UNIQUE_VALUE,
+                                                       nullptr, 0, nullptr, &autoUnique)) &&
+                            autoUnique == SQL_TRUE;
+        }
+        return rc;
     }
     SQLRETURN columnTypeName(SQLHSTMT stmt, SQLUSMALLINT column, QString* name) override {
         return readText(
