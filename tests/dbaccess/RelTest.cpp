@@ -177,3 +177,66 @@ TEST_F(RelTest, KeysOfTheCatalog) {
 }
 
 } // namespace
+
+namespace {
+
+// RIGA holds FK_RIGA on IDOrdine, referring to ORDINE.IDRec with no cascade, as the catalog and
+// the foreign-keys rowset of `provider` say.
+void existingKey(ado::recording::Script& script) {
+    script.schema(ado::SchemaEnum::adSchemaForeignKeys,
+                  {ado::SchemaRow(ado::SchemaEnum::adSchemaForeignKeys)
+                       .set(u"PK_TABLE_NAME", u"ORDINE"_s)
+                       .set(u"PK_COLUMN_NAME", u"IDRec"_s)
+                       .set(u"FK_TABLE_NAME", u"RIGA"_s)
+                       .set(u"FK_COLUMN_NAME", u"IDOrdine"_s)
+                       .set(u"FK_NAME", u"FK_RIGA"_s)
+                       .take()});
+    ado::CatalogColumn column;
+    column.name = u"IDOrdine"_s;
+    column.relatedColumn = u"IDRec"_s;
+    ado::CatalogKey key;
+    key.name = u"FK_RIGA"_s;
+    key.type = ado::KeyTypeEnum::adKeyForeign;
+    key.relatedTable = u"ORDINE"_s;
+    key.columns = {column};
+    script.catalogTable(ado::CatalogTable{u"RIGA"_s, u"TABLE"_s, {}, {}, {}}, {}, {}, {key});
+}
+
+// A key that exists is made again with the rules of the new declaration: on the server it is
+// dropped and added by statements, on Jet deleted from the catalog and appended again.
+TEST_F(RelTest, AnExistingKeyIsMadeAgainWithTheDeclaredRules) {
+    existingKey(server->script());
+    nxDb db;
+    openServer(db);
+    nxRel rel;
+    rel.Db(&db);
+    ASSERT_MEMBER_OK(
+        rel.RelOpen(u"FK_RIGA"_s, u"RIGA"_s, u"ORDINE"_s, u"IDOrdine"_s, u"IDRec"_s, 1, 0));
+    EXPECT_FALSE(rel.IsNew());
+    EXPECT_TRUE(rel.FldExist(u"IDOrdine"_s));
+    EXPECT_MEMBER_OK(rel.FldAdd(u"IDOrdine"_s, u"IDRec"_s)); // there already
+    server->journal().clear();
+    EXPECT_MEMBER_OK(rel.RelClose());
+    EXPECT_EQ(server->journal().statements(),
+              (QStringList{u"alter table RIGA drop constraint FK_RIGA"_s,
+                           u"alter table RIGA add constraint FK_RIGA foreign key (IDOrdine) "
+                           u"references ORDINE (IDRec) on delete cascade"_s}));
+
+    existingKey(jet->script());
+    nxDb jetDb;
+    openJet(jetDb);
+    rel.Db(&jetDb);
+    ASSERT_MEMBER_OK(
+        rel.RelOpen(u"FK_RIGA"_s, u"RIGA"_s, u"ORDINE"_s, u"IDOrdine"_s, u"IDRec"_s, 0, 1));
+    EXPECT_FALSE(rel.IsNew());
+    jet->journal().clear();
+    EXPECT_MEMBER_OK(rel.RelClose());
+    EXPECT_EQ(jet->journal().lines().filter(u"catalog: "_s),
+              (QStringList{u"catalog: delete key RIGA.FK_RIGA"_s,
+                           u"catalog: append key RIGA.FK_RIGA type 2 references ORDINE "
+                           u"(IDOrdine=IDRec) delete 0 update 1"_s}));
+    EXPECT_TRUE(jet->journal().statements().isEmpty());
+    EXPECT_TRUE(box->shown().empty());
+}
+
+} // namespace
