@@ -7,6 +7,7 @@ namespace {
 
 class NetworkServers : public ServerBrowser {
 public:
+    explicit NetworkServers(const sqldmo::BrowserOptions& options) : m_application(options) {}
     sqldmo::NameList ListAvailableSQLServers() override {
         return m_application.ListAvailableSQLServers();
     }
@@ -17,6 +18,7 @@ private:
 
 class NetworkInstances : public InstanceBrowser {
 public:
+    explicit NetworkInstances(const sqldmo::BrowserOptions& options) : m_server(options) {}
     sqldmo::NameList ListInstalledInstances(const QString& server) override {
         return m_server.ListInstalledInstances(server);
     }
@@ -27,7 +29,7 @@ private:
 
 } // namespace
 
-ServerDirectory networkServerDirectory() {
-    return {[] { return std::make_unique<NetworkServers>(); },
-            [] { return std::make_unique<NetworkInstances>(); }};
+ServerDirectory networkServerDirectory(const sqldmo::BrowserOptions& options) {
+    return {[options] { return std::make_unique<NetworkServers>(options); },
+            [options] { return std::make_unique<NetworkInstances>(options); }};
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/sqldmo/Browser.h"
 #include "platform/sqldmo/NameList.h"
 
 #include <QString>
@@ -27,5 +28,5 @@ struct ServerDirectory {
     std::function<std::unique_ptr<InstanceBrowser>()> server;
 };
 
-// The network's own: SQL Server Browser answers on the local networks.
-ServerDirectory networkServerDirectory();
+// The network's own: SQL Server Browser answers on the local networks (or where `options` say).
+ServerDirectory networkServerDirectory(const sqldmo::BrowserOptions& options = {});

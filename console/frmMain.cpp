@@ -1,6 +1,12 @@
 #include "console/frmMain.h"
 
 #include "console/Decrypt.h"
+#include "console/JobWidgets.h"
+#include "console/WindowFeed.h"
+
+#include "recordset/nxRs.h"
+
+#include "dbaccess/nxDb.h"
 
 #include "frame/Edge.h"
 #include "frame/nxApp.h"
@@ -10,7 +16,11 @@
 #include "frame/nxSys.h"
 #include "frame/nxWaitCursor.h"
 
+#include "platform/ado/Connection.h"
+#include "platform/vb/Err.h"
+
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -21,6 +31,7 @@
 #include <QProxyStyle>
 #include <QPushButton>
 #include <QStatusBar>
+#include <QThread>
 #include <QVBoxLayout>
 
 #include <cstdint>
@@ -31,7 +42,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString kSystemDatabase = u"QZSystem.mdb"_s;
-const QString kNotAvailable = u"Funzione non ancora disponibile in questa versione."_s;
+const QString kJetProvider = u"Microsoft.Jet.OLEDB.4.0"_s;
 
 // Password fields show every character as '*', whatever the style would draw.
 class StarPasswordStyle : public QProxyStyle {
@@ -68,13 +79,30 @@ QLineEdit* textBox(const QString& name, const QString& tip) {
 
 } // namespace
 
-frmMain::frmMain(ServerDirectory servers, std::unique_ptr<FileOpenDialog> dialog, QWidget* parent)
-    : QWidget(parent), m_servers(std::move(servers)), m_dialog(std::move(dialog)) {
+frmMain::frmMain(ServerDirectory servers, std::unique_ptr<FileOpenDialog> dialog,
+                 ImportRunFactory runs, QWidget* parent)
+    : QWidget(parent), m_servers(std::move(servers)), m_dialog(std::move(dialog)),
+      m_runs(std::move(runs)) {
     setObjectName(u"frmMain"_s);
     buildControls();
+    m_feed = std::make_unique<WindowFeed>(*this);
+    m_recordBar = std::make_unique<WidgetJobProgress>(pgBarRec);
+    m_recordCount = std::make_unique<WidgetJobLabel>(lblRec);
 }
 
-frmMain::~frmMain() = default;
+frmMain::~frmMain() {
+    // The window going during a run is not guarded against; the run is asked to stop and is
+    // waited for, its questions still answered meanwhile, so that nothing is left pointing at
+    // the window.
+    if (m_worker != nullptr) {
+        m_cDbImp->Stopped(true);
+        while (!m_worker->wait(10)) {
+            QCoreApplication::processEvents();
+        }
+        delete m_worker;
+        m_worker = nullptr;
+    }
+}
 
 void frmMain::buildControls() {
     Frame1 = named(new QGroupBox(u"Origine dati"_s), u"Frame1"_s);
@@ -197,6 +225,7 @@ void frmMain::buildControls() {
     connect(cmdSqlSrv, &QPushButton::clicked, this, [this] { cmdSqlSrv_Click(); });
     connect(cmdTestConn, &QPushButton::clicked, this, [this] { cmdTestConn_Click(); });
     connect(cmdImport, &QPushButton::clicked, this, [this] { cmdImport_Click(); });
+    connect(cmdStop, &QPushButton::clicked, this, [this] { cmdStop_Click(); });
     connect(cmdExit, &QPushButton::clicked, this, [this] { close(); });
 }
 
@@ -329,9 +358,21 @@ void frmMain::LoadDescriptionFromDb() {
     if (!nxApp::Sys().FileExist(m_sourcePath)) {
         return;
     }
-    // Reading the description from the database needs the database layer, which this build
-    // does not have: say so in the activity list and leave the field as it is.
-    lstLog->addItem(u"Lettura della descrizione dal database: "_s + kNotAvailable);
+    // Not silent: a damaged or foreign file shows its error box as soon as it is picked.
+    nxDb db;
+    if (!db.DbOpen(m_sourcePath, DbOpenPassword, false, kJetProvider, QString(), 2, QString(),
+                   QString(), 0)) {
+        return;
+    }
+    nxRs rs;
+    rs.Db(&db);
+    if (rs.RsOpen(u"QZSYSTEM"_s, 1, 3, false, 2)) {
+        if (rs.FldExist(u"DESCRIZIONE"_s)) {
+            txtDbDesc->setText(rs.FldGet(u"DESCRIZIONE"_s, vb::Missing{}).toString());
+        }
+        rs.RsClose();
+    }
+    db.DbClose();
 }
 
 void frmMain::cmdSqlSrv_Click() {
@@ -382,10 +423,120 @@ void frmMain::cmdSqlSrv_Click() {
     cmdSqlSrv->setEnabled(true);
 }
 
+QString frmMain::TestConnectionString() const {
+    // The values go in as typed, with no quoting: a semicolon in a name reaches the provider.
+    QString text = u"Provider=SQLOLEDB.1;Data Source="_s + cmbSqlServer->currentText() +
+                   u";Initial Catalog=master"_s;
+    if (txtUsername->text().isEmpty()) {
+        text += u";Trusted_Connection=yes"_s;
+    } else {
+        text += u";User ID="_s + txtUsername->text() + u";Password="_s + txtPassword->text();
+    }
+    return text;
+}
+
 void frmMain::cmdTestConn_Click() {
-    nxApp::MsgBox(u"Verifica connessione: "_s + kNotAvailable, 48);
+    const ado::ConnectionPtr connection = ado::Connection::create();
+    long state = 0;
+    try {
+        connection->setConnectionString(TestConnectionString());
+        connection->setCursorLocation(ado::CursorLocationEnum::adUseServer);
+        connection->Open(QString(), QString(), QString(), ado::adOptionUnspecified);
+        state = connection->State();
+        connection->Close();
+    } catch (...) {
+        // The first of the connection's errors tells why; a failure that left none there is
+        // reported by its own number and text.
+        std::int32_t number = 0;
+        QString description;
+        if (connection->Errors().Count() > 0) {
+            number = connection->Errors().Item(0).hresult();
+            description = connection->Errors().Item(0).description();
+        } else {
+            frame::LoadAmbientError();
+            number = vb::Err().Number;
+            description = vb::Err().Description;
+        }
+        nxApp::MsgBox(u"Connessione non riuscita ("_s + QString::number(number) + u" - "_s +
+                          description + u"). Verificare i permessi di accesso al server SQL."_s,
+                      48);
+        return;
+    }
+    if (state == ado::adStateOpen) {
+        nxApp::MsgBox(u"Connessione riuscita."_s, 64);
+    } else {
+        nxApp::MsgBox(
+            u"Connessione non riuscita. Verificare i permessi di accesso al server SQL."_s, 48);
+    }
 }
 
 void frmMain::cmdImport_Click() {
-    nxApp::MsgBox(u"Importazione: "_s + kNotAvailable, 48);
+    if (m_worker != nullptr) {
+        return;
+    }
+    EnableControls(false);
+    m_sourcePath = txtMDBPath->text();
+    // The run before is let go here, as the next one takes its place.
+    m_cDbImp.reset();
+    if (m_runs) {
+        m_cDbImp = m_runs(m_feed.get());
+    }
+    m_serverName = cmbSqlServer->currentText();
+    m_dbName = txtDbName->text();
+    m_dbDesc = txtDbDesc->text();
+    m_username = txtUsername->text();
+    m_password = txtPassword->text();
+    if (!m_cDbImp) {
+        // A build without the conversion engine: the run fails at once.
+        runEnded(false);
+        return;
+    }
+    m_cDbImp->DbSrc(m_sourcePath);
+    m_cDbImp->DbName(m_dbName);
+    m_cDbImp->DbDesc(m_dbDesc);
+    m_cDbImp->DbServerName(m_serverName);
+    m_cDbImp->DbUsername(m_username);
+    m_cDbImp->DbPassword(m_password);
+    m_cDbImp->RecordControls(m_recordBar.get(), m_recordCount.get());
+
+    // The run goes on a thread of its own; the window takes its events meanwhile, and learns of
+    // the end from the thread's finished signal (queued to the window's thread).
+    auto result = std::make_shared<bool>(false);
+    ImportRun* run = m_cDbImp.get();
+    const QString source = m_sourcePath;
+    m_worker = QThread::create([run, source, result, this] {
+        *result =
+            Edge(u"frmMain.cmdImport_Click()", true, false, [&] { return run->Run(source, this); });
+    });
+    m_worker->setObjectName(u"conversion"_s);
+    connect(m_worker, &QThread::finished, this, [this, result] {
+        m_worker->wait();
+        delete m_worker;
+        m_worker = nullptr;
+        runEnded(*result);
+    });
+    m_worker->start();
+}
+
+void frmMain::runEnded(bool result) {
+    if (result) {
+        // A run that was stopped and still returned true ends without a message.
+        if (!m_cDbImp->Stopped()) {
+            nxApp::MsgBox(u"Importazione eseguita."_s, 0);
+        }
+    } else {
+        nxApp::MsgBox(u"Importazione fallita."_s, 0);
+    }
+    pgBarTbl->setValue(0);
+    statusPanel1->clear();
+    EnableControls(true);
+    if (m_runEnded) {
+        m_runEnded();
+    }
+}
+
+void frmMain::cmdStop_Click() {
+    if (m_cDbImp) {
+        m_cDbImp->Stopped(true);
+    }
 }

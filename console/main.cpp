@@ -5,8 +5,6 @@
 #include <QApplication>
 #include <QStringList>
 
-using namespace Qt::StringLiterals;
-
 // Starts the library and shows the window; when the library cannot be used nothing is shown
 // and the program ends at once. Two copies may run side by side.
 int main(int argc, char** argv) {
@@ -16,7 +14,9 @@ int main(int argc, char** argv) {
         return 1;
     }
     nxApp::SetDoEvents([] { QCoreApplication::processEvents(); });
-    frmMain window;
+    // The conversion engine's run is not part of this build yet: a press of the import button
+    // ends at once with the failure message.
+    frmMain window(networkServerDirectory(), std::make_unique<QtFileOpenDialog>(), {});
     window.Form_Load();
     window.show();
     return QApplication::exec();

@@ -2,9 +2,8 @@
 
 #include "frame/nxApp.h"
 
-#include "platform/vb/Err.h"
-
 #include "platform/ado/Error.h"
+#include "platform/vb/Err.h"
 
 #include <new>
 

@@ -240,6 +240,7 @@ TEST_F(SourcePathTest, TheDialogStartsAtTheTypedPathAndItsNameIsTaken) {
     const QString folder = archiveFolder(u"scelto"_s);
     dialog->answers.push_back(folder + u"/QZSystem.mdb"_s);
     type("txtMDBPath", folder);
+    box->answer(win::id::kOk); // the one-byte database is refused by the database layer
     click(buttonNamed("cmdPath"));
     EXPECT_EQ(dialog->shows, 1);
     EXPECT_EQ(dialog->seenInitDir, folder);
@@ -247,9 +248,20 @@ TEST_F(SourcePathTest, TheDialogStartsAtTheTypedPathAndItsNameIsTaken) {
     EXPECT_EQ(dialog->FilterIndex, 1);
     EXPECT_EQ(edit("txtMDBPath")->text(), folder + u"/QZSystem.mdb"_s);
     EXPECT_EQ(window->SourcePath(), folder + u"/QZSystem.mdb"_s);
-    // No config.ini: the description would come from the database, which says it cannot.
-    ASSERT_EQ(list("lstLog")->count(), 1);
-    EXPECT_TRUE(list("lstLog")->item(0)->text().contains(u"non ancora disponibile"_s));
+}
+
+TEST_F(SourcePathTest, ADamagedDatabaseShowsTheDatabaseErrorAndKeepsTheDescription) {
+    const QString folder = archiveFolder(u"guasto"_s); // a system database of one byte
+    dialog->answers.push_back(folder + u"/QZSystem.mdb"_s);
+    edit("txtDbDesc")->setText(u"vecchia"_s);
+    box->answer(win::id::kOk);
+    // No config.ini: the description comes from the database, whose open is not silent.
+    click(buttonNamed("cmdPath"));
+    ASSERT_EQ(box->shown().size(), 1U);
+    EXPECT_TRUE(box->shown()[0].text.contains(u"nxDb.DbOpen"_s))
+        << box->shown()[0].text.toStdString();
+    EXPECT_EQ(edit("txtDbDesc")->text(), QString()); // emptied before the database was asked
+    EXPECT_EQ(list("lstLog")->count(), 0);
 }
 
 TEST_F(SourcePathTest, ACancelledDialogStillGivesItsName) {
@@ -266,19 +278,4 @@ TEST_F(SourcePathTest, ACancelledDialogStillGivesItsName) {
 TEST_F(SourcePathTest, TypedPathsAreTakenOnlyByTheRun) {
     type("txtMDBPath", u"/dati/QZSystem.mdb"_s);
     EXPECT_EQ(window->SourcePath(), QString());
-}
-
-TEST_F(SourcePathTest, RunAndConnectionTestSayTheyAreNotAvailable) {
-    type("txtMDBPath", u"/dati/QZSystem.mdb"_s);
-    typeServer(u"srv"_s);
-    type("txtDbName", u"A"_s);
-    box->answer({1, 1});
-    click(buttonNamed("cmdTestConn"));
-    click(buttonNamed("cmdImport"));
-    ASSERT_EQ(box->shown().size(), 2U);
-    for (const auto& shown : box->shown()) {
-        EXPECT_TRUE(shown.text.contains(u"non ancora disponibile"_s));
-        EXPECT_EQ(shown.flags, 48);
-    }
-    EXPECT_TRUE(buttonNamed("cmdImport")->isEnabled());
 }

@@ -1,8 +1,8 @@
+#include "platform/ado/Error.h"
+
 #include "frame/Edge.h"
 
 #include "tests/frame/FrameFixture.h"
-
-#include "platform/ado/Error.h"
 
 #include <new>
 #include <stdexcept>

@@ -1,6 +1,7 @@
+#include "platform/win/WindowThreadMessageBox.h"
+
 #include "platform/win/Error.h"
 #include "platform/win/ScriptedMessageBox.h"
-#include "platform/win/WindowThreadMessageBox.h"
 
 #include "tests/support/Printers.h"
 

@@ -1,0 +1,12 @@
+#include "console/cli/Cli.h"
+
+#include <QCoreApplication>
+
+// The scripted entry: one conversion from the command line, with no window.
+int main(int argc, char** argv) {
+    QCoreApplication app(argc, argv);
+    QTextStream out(stdout);
+    QTextStream err(stderr);
+    return cli::main(QCoreApplication::arguments().mid(1), QProcessEnvironment::systemEnvironment(),
+                     ImportRunFactory(), out, err); // no conversion engine in this build yet
+}
