@@ -235,3 +235,33 @@ TEST_F(DbCreateTest, ARelationOfTheCatalogueByName) {
 }
 
 } // namespace
+
+namespace {
+
+TEST_F(DbCreateTest, OnJetTablesAndKeysGoThroughTheCatalog) {
+    const QString path = jetFile(u"QZSystem.mdb"_s);
+    EXPECT_MEMBER_OK(qzSystem::DbCreate(path, 8, true, kJetProvider, {}, 5, {}, {}));
+    const QStringList lines = jet->journal().lines();
+    EXPECT_EQ(countStarting(lines, u"catalog: append table "_s), 111);
+    EXPECT_EQ(countContaining(lines, u" FOLIATRA_DATA_SYNC 7 0,"_s), 1);
+    EXPECT_EQ(countStarting(lines, u"catalog: append key "_s), kCascadingRelations);
+    EXPECT_EQ(countStarting(lines, u"catalog: append key DefFCom.TipoElabDefFCom type 2 "
+                                   u"references TipoElab (IdTipoFProc=IDTipoFCom) delete 1 "
+                                   u"update 1"_s),
+              1);
+    EXPECT_EQ(countStarting(lines, u"catalog: append key DB_DOC_LINK.DB_ELENCODB_DOC_LINK1 type 2 "
+                                   u"references DB_ELENCO (DB_SON_SERIALE=SYS_SERIALE) delete 1 "
+                                   u"update 0"_s),
+              1);
+    // The keys come after the last table.
+    const auto lastTable = std::find_if(lines.rbegin(), lines.rend(), [](const QString& line) {
+        return line.startsWith(u"catalog: append table "_s);
+    });
+    const auto firstKey = std::find_if(lines.begin(), lines.end(), [](const QString& line) {
+        return line.startsWith(u"catalog: append key "_s);
+    });
+    ASSERT_NE(firstKey, lines.end());
+    EXPECT_LT(lines.rend() - lastTable - 1, firstKey - lines.begin());
+}
+
+} // namespace
