@@ -6,6 +6,14 @@
 #include "frame/nxLog.h"
 #include "frame/nxSys.h"
 
+#include "dbaccess/nxDb.h"
+#include "recordset/RsTrap.h"
+
+#include "platform/ado/Connection.h"
+#include "platform/ado/Enums.h"
+#include "platform/ado/Field.h"
+#include "platform/ado/Recordset.h"
+
 #include "platform/vb/Err.h"
 
 #include <exception>
@@ -28,6 +36,26 @@ struct Failure {
 };
 
 } // namespace
+
+bool StoreDescription(nxDb& dest, const QString& dbDesc) noexcept {
+    try {
+        auto list = std::make_shared<ado::Recordset>();
+        list->Open(u"select DESCRIZIONE from QZSYSTEM"_s, dest.cn(),
+                   ado::CursorTypeEnum::adOpenForwardOnly, ado::LockTypeEnum::adLockReadOnly);
+        const vb::Variant current = list->Fields(0).Value();
+        list->Close();
+        if (!current.isNull() && !current.toString().isEmpty()) {
+            return true; // the description copied from the source stays
+        }
+        // Not doubled: an apostrophe in the description makes the server refuse the update.
+        return dest.Execute(u"update QZSYSTEM set DESCRIZIONE='"_s + dbDesc + u"'"_s, true,
+                            ado::adExecuteNoRecords);
+    } catch (...) {
+        rs::LoadAmbientError();
+        nxApp::FillError();
+        return false;
+    }
+}
 
 ConfigurationSwitch::ConfigurationSwitch(nxLog* log, Cipher cipher)
     : m_log(log), m_cipher(std::move(cipher)) {

@@ -6,9 +6,11 @@
 #include "platform/ado/Connection.h"
 #include "platform/ado/Recordset.h"
 
+#include <QHash>
 #include <QString>
 
 #include <cstdint>
+#include <memory>
 
 namespace engine {
 
@@ -18,7 +20,7 @@ namespace engine {
 // bit (always with a default), text to nvarchar(n) or, for a memo, ntext.
 class TableRecreation {
 public:
-    explicit TableRecreation(const PhaseContext& run) noexcept;
+    explicit TableRecreation(const PhaseContext& run);
 
     // The whole statement, columns in their ordinal order. When something goes wrong part way
     // (a hole in the ordinal positions, a default that is no boolean, a column type the suite
@@ -47,6 +49,9 @@ public:
 
 private:
     PhaseContext m_run;
+    // The server's answers by name: the record copy encloses every field of every record, and
+    // the server's keywords do not change during a run.
+    std::shared_ptr<QHash<QString, bool>> m_keywords;
 };
 
 } // namespace engine
