@@ -341,14 +341,11 @@ DbImport::Next DbImport::listSystemTables() {
         }
         m_sysTables.last() = table.Name();
     }
-    SortTablesByDependency(m_sysTables);
+    SortTablesByDependency(m_sysTables, m_dest->Db()->Tables());
     return Next::Continue;
 }
 
-// Each table after the tables its foreign keys refer to: a table that refers to one further on
-// swaps places with it and its position is looked at again. A cycle of references never settles.
-void DbImport::SortTablesByDependency(QStringList& tables) {
-    ado::adox::Tables& catalog = m_dest->Db()->Tables();
+void DbImport::SortTablesByDependency(QStringList& tables, ado::adox::Tables& catalog) {
     qsizetype i = 0;
     while (i < tables.size()) {
         bool swapped = false;

@@ -4,6 +4,7 @@
 
 #include "platform/ado/Connection.h"
 #include "platform/ado/Recordset.h"
+#include "platform/ado/adox/Catalog.h"
 
 #include <QObject>
 #include <QString>
@@ -78,6 +79,11 @@ public:
     bool Run(const QString& Source, QObject* OwnerWindow, const QString& Provider = {},
              const QString& Extra = {}) noexcept;
 
+    // Puts each table after the tables its foreign keys refer to, names compared without regard
+    // to case: a table that refers to one further on swaps places with it and its position is
+    // looked at again. A cycle of references never settles; the suite's schema has none.
+    static void SortTablesByDependency(QStringList& tables, ado::adox::Tables& catalog);
+
     // Where the server database comes from; by default qzSystem::DbCreate. Tests put their own.
     void SetDatabaseCreator(DatabaseCreator creator) { m_dbCreate = std::move(creator); }
 
@@ -100,7 +106,6 @@ private:
     bool trapFailure();
 
     bool DestinationHasTables() noexcept;
-    void SortTablesByDependency(QStringList& tables);
     bool AnalyzeDatabase(bool& IdxOk);
     QString userTableStep(const QString& table, const vb::Variant& description);
     bool createUserTable(const QString& table);

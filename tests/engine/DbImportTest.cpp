@@ -249,3 +249,52 @@ TEST_F(DbImportTest, LongIndexContinueGoesOnToCreateTheDatabase) {
 }
 
 } // namespace
+
+namespace {
+
+// The destination's catalog as the recording server gives it: tables with their foreign keys.
+class TableOrderTest : public DbImportTest {
+protected:
+    void table(const QString& name, const QStringList& parents) {
+        std::vector<ado::CatalogKey> keys;
+        keys.push_back(ado::CatalogKey{u"PK_"_s + name, ado::KeyTypeEnum::adKeyPrimary, {}, {}, {}, {}});
+        for (const QString& parent : parents) {
+            keys.push_back(ado::CatalogKey{u"FK_"_s + name + u"_"_s + parent,
+                                           ado::KeyTypeEnum::adKeyForeign, parent, {}, {}, {}});
+        }
+        server->script().catalogTable(ado::CatalogTable{name, u"TABLE"_s, {}, {}, {}}, {}, {}, keys);
+    }
+    QStringList sorted(QStringList tables) {
+        auto cn = ado::Connection::create();
+        cn->Open(u"Provider=SQLOLEDB;Data Source=SRV01;Initial Catalog=QZ"_s);
+        auto catalog = ado::adox::Catalog::create();
+        catalog->setActiveConnection(cn);
+        DbImport::SortTablesByDependency(tables, catalog->Tables());
+        return tables;
+    }
+};
+
+TEST_F(TableOrderTest, ParentsComeBeforeTheirChildren) {
+    table(u"UTENTE_GRUPPI"_s, {u"utenti"_s, u"GRUPPI"_s});
+    table(u"UTENTI"_s, {});
+    table(u"PERMESSI"_s, {});
+    table(u"GRUPPI"_s, {u"PERMESSI"_s});
+    const QStringList order =
+        sorted({u"UTENTE_GRUPPI"_s, u"UTENTI"_s, u"PERMESSI"_s, u"GRUPPI"_s});
+    ASSERT_EQ(order.size(), 4);
+    EXPECT_LT(order.indexOf(u"UTENTI"_s), order.indexOf(u"UTENTE_GRUPPI"_s));
+    EXPECT_LT(order.indexOf(u"GRUPPI"_s), order.indexOf(u"UTENTE_GRUPPI"_s));
+    EXPECT_LT(order.indexOf(u"PERMESSI"_s), order.indexOf(u"GRUPPI"_s));
+    // The swaps as they happen: UTENTE_GRUPPI swaps with UTENTI, then with GRUPPI; GRUPPI then
+    // swaps with PERMESSI.
+    EXPECT_EQ(order, (QStringList{u"UTENTI"_s, u"PERMESSI"_s, u"GRUPPI"_s, u"UTENTE_GRUPPI"_s}));
+}
+
+TEST_F(TableOrderTest, KeysToTablesEarlierOrOutsideTheListChangeNothing) {
+    table(u"A"_s, {});
+    table(u"B"_s, {u"A"_s, u"ALTROVE"_s});
+    table(u"C"_s, {u"B"_s});
+    EXPECT_EQ(sorted({u"A"_s, u"B"_s, u"C"_s}), (QStringList{u"A"_s, u"B"_s, u"C"_s}));
+}
+
+} // namespace
