@@ -1,58 +1,50 @@
 #include "engine/DbImportPhases.h"
 
 #include "engine/ConfigurationSwitch.h"
+#include "engine/IdentityObjects.h"
+#include "engine/IndexRecreation.h"
+#include "engine/TableCopy.h"
+#include "engine/TableRecreation.h"
 
-#include "frame/Edge.h"
-
-#include "platform/vb/Err.h"
-
-using namespace Qt::StringLiterals;
+#include "dbaccess/nxConn.h"
 
 namespace engine {
 
-namespace {
-
-// An operation this build does not carry yet: it refuses, with the reason in the last-error
-// record, and the run reports the failure as it reports any other.
-template <class R> R notAvailable(QStringView label, R failed) {
-    return Edge(label, true, failed, [&]() -> R {
-        vb::Raise(vb::errors::kInvalidProcedureCall, u"DbImport"_s,
-                  label.toString() + u": operazione non disponibile in questa versione."_s);
-    });
-}
-
-} // namespace
-
-// The phases are not part of this build yet; nothing to hold.
-struct DbImportPhases::Parts {};
+struct DbImportPhases::Parts {
+    explicit Parts(const PhaseContext& context) : names(context), indexes(context, names) {}
+    TableRecreation names;
+    IndexRecreation indexes;
+    std::unique_ptr<TableCopy> copy;
+};
 
 DbImportPhases::DbImportPhases(const DbImportRun& run)
     : m_run(run), m_context{run.src,  run.dest, run.srcConn, run.destConn, run.masterConn,
                             run.sb1, run.sb2,  run.events,  run.log},
-      m_parts(std::make_unique<Parts>()) {}
+      m_parts(std::make_unique<Parts>(m_context)) {}
 
 DbImportPhases::~DbImportPhases() = default;
 
-bool DbImportPhases::CreateSysIDsTable() {
-    return notAvailable(u"DbImport.CreateSysIDsTable()", false);
+bool DbImportPhases::CreateSysIDsTable() { return IdentityObjects(m_run.dest).CreateSysIDsTable(); }
+
+void DbImportPhases::AttachJob(nxRsJob& job) {
+    m_parts->copy = std::make_unique<TableCopy>(m_context, m_parts->names, job, m_run.progress,
+                                                m_run.count);
 }
 
-void DbImportPhases::AttachJob(nxRsJob& /*job*/) {}
-
-bool DbImportPhases::CopySystemTable(const QString& /*table*/) {
-    return notAvailable(u"DbImport.CopyTableData()", false);
+bool DbImportPhases::CopySystemTable(const QString& table) {
+    return m_parts->copy->CopySystemTable(table);
 }
 
-bool DbImportPhases::CopyTableData(const QString& /*table*/) {
-    return notAvailable(u"DbImport.CopyTableData()", false);
+bool DbImportPhases::CopyTableData(const QString& table) {
+    return m_parts->copy->CopyTableData(table);
 }
 
-QString DbImportPhases::GetCreateTableSql(const QString& /*table*/) {
-    return notAvailable(u"DbImport.GetCreateTableSql()", QString());
+QString DbImportPhases::GetCreateTableSql(const QString& table) {
+    return m_parts->names.GetCreateTableSql(table, m_run.srcConn.Connection());
 }
 
-bool DbImportPhases::CreateTableIndexes(QString& /*table*/) {
-    return notAvailable(u"DbImport.CreateTableIndexes()", false);
+bool DbImportPhases::CreateTableIndexes(QString& table) {
+    return m_parts->indexes.CreateTableIndexes(table);
 }
 
 void DbImportPhases::SaveConfiguration(const QString& dbSrc, const QString& serverName,
