@@ -69,14 +69,13 @@ bool nxRs::SetBookmark(const vb::Variant& Value, bool Silent) noexcept {
     });
 }
 
+// A job asks for the position at every record: a cursor without positions answers at once,
+// without reading the record to see whether it is valid.
 std::int32_t nxRs::Position() noexcept {
-    if (!IsValidRec()) {
+    if (!m_hasPosition || !IsValidRec()) {
         return 0;
     }
     return IgnoreErrors(0, [&] {
-        if (!m_hasPosition) {
-            return 0;
-        }
         const long position = m_rs->AbsolutePosition();
         return position < 0 ? 0 : static_cast<std::int32_t>(position);
     });
