@@ -7,6 +7,8 @@
 
 #include "tests/engine/DbImportFixture.h"
 
+#include <functional>
+
 using namespace enginetest;
 using ado::recording::RecordingProvider;
 
@@ -16,6 +18,8 @@ namespace {
 class EventLog : public DbImportEvents {
 public:
     QStringList lines;
+    // What the window does when a system table starts (a press of the stop button).
+    std::function<void()> onSysTable;
 
     void EVTImportStart() override { lines << u"ImportStart"_s; }
     void EVTImportEnd() override { lines << u"ImportEnd"_s; }
@@ -28,6 +32,9 @@ public:
     void EVTTableImportEnd() override { lines << u"TableImportEnd"_s; }
     void EVTSysTableImporting(std::int16_t index, const QString& table) override {
         lines << u"SysTableImporting %1 %2"_s.arg(QString::number(index), table);
+        if (onSysTable) {
+            onSysTable();
+        }
     }
     void EVTUserTableImportStart(std::int16_t count) override {
         lines << u"UserTableImportStart %1"_s.arg(count);
@@ -295,6 +302,51 @@ TEST_F(TableOrderTest, KeysToTablesEarlierOrOutsideTheListChangeNothing) {
     table(u"B"_s, {u"A"_s, u"ALTROVE"_s});
     table(u"C"_s, {u"B"_s});
     EXPECT_EQ(sorted({u"A"_s, u"B"_s, u"C"_s}), (QStringList{u"A"_s, u"B"_s, u"C"_s}));
+}
+
+} // namespace
+
+namespace {
+
+// Runs that get past the creation of the database, on a recording server that answers every
+// statement with no rows.
+class DbImportPastCreationTest : public DbImportTest {
+protected:
+    void SetUp() override {
+        DbImportTest::SetUp();
+        run.SetDatabaseCreator([](const QString&, long, bool, const QString&, const QString&, long,
+                                  const QString&, const QString&) { return true; });
+        server->script().property(u"DBMS Version"_s, u"09.00.5000"_s);
+        server->script().schema(ado::SchemaEnum::adSchemaCatalogs,
+                                {ado::SchemaRow(ado::SchemaEnum::adSchemaCatalogs)
+                                     .set(u"CATALOG_NAME", u"Archivio2024"_s)
+                                     .take()});
+    }
+};
+
+// A destination that already holds an archive (a name with a leading digit) is not the new
+// database the run should fill: it stops after the import has started, and the close-down
+// still ends the import and closes the log. The run's result is still the one the verification
+// gave, so the close-down renames the source although config.ini was never written.
+TEST_F(DbImportPastCreationTest, AnArchiveInTheDestinationEndsTheRun) {
+    const QString source = copySource(u"small"_s);
+    SKIP_WITHOUT_SOURCE(source);
+    server->script().catalogTable(ado::CatalogTable{u"QZSYSTEM"_s, u"TABLE"_s, {}, {}, {}}, {});
+    server->script().catalogTable(ado::CatalogTable{u"2019_CORRISP"_s, u"TABLE"_s, {}, {}, {}}, {});
+    box->answer(win::id::kOk);
+    EXPECT_TRUE(start(source));
+    ASSERT_EQ(box->shown().size(), 1u) << lastErrorReport();
+    EXPECT_EQ(box->last().text,
+              u"ATTENZIONE!!! Il database destinazione probabilmente contiene archivi utente.\r\n"
+              u"Verificare il database destinazione indicato, indicare un altro database "
+              u"destinazione e/o un altro server e ripetere l'importazione."_s);
+    EXPECT_EQ(box->last().flags, 48);
+    EXPECT_EQ(events.lines.mid(events.lines.size() - 3),
+              (QStringList{u"Error 6 Creazione database completata."_s, u"ImportStart"_s,
+                           u"ImportEnd"_s}));
+    EXPECT_EQ(logLines().last(), u"Fine procedura di conversione."_s);
+    EXPECT_FALSE(QFile::exists(dir.file(u"config.ini"_s)));
+    EXPECT_TRUE(QFile::exists(source + u".old"_s));
 }
 
 } // namespace
