@@ -94,7 +94,7 @@ bool nxRs::RsOpen(const QString& Statement, long CursorType, long LockType, bool
                 static_cast<ado::LockTypeEnum>(LockType), ado::adOptionUnspecified);
         return attach(r);
     } catch (...) {
-        rs::LoadAmbientError();
+        frame::LoadAmbientError();
         vb::ErrRecord& err = vb::Err();
         if (static_cast<std::uint32_t>(err.Number) == kNoSuchTable) {
             err.Description = sql.startsWith(u"SELECT "_s, Qt::CaseInsensitive)
@@ -259,7 +259,7 @@ bool nxRs::Requery(bool Silent) noexcept {
         noteCursor();
         MoveCurrent(true);
     } catch (...) {
-        rs::LoadAmbientError();
+        frame::LoadAmbientError();
         nxApp::ErrorBox(QString(), Silent, false);
     }
     m_isOpened = IgnoreErrors(false, [&] { return m_rs->State() != ado::adStateClosed; });

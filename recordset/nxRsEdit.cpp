@@ -301,7 +301,7 @@ bool nxRs::Update(bool Silent, bool CancelOnError, bool Undo, bool Edit) noexcep
             goTo(Bookmark());
             return true;
         } catch (...) {
-            rs::LoadAmbientError();
+            frame::LoadAmbientError();
         }
         bool undo = Undo;
         bool edit = Edit;

@@ -222,7 +222,7 @@ bool nxRs::recValue(int index, const vb::Variant& field, vb::Variant& value, boo
         value = useUnderlying() ? f.UnderlyingValue() : f.Value();
         return true;
     } catch (...) {
-        rs::LoadAmbientError();
+        frame::LoadAmbientError();
         const auto code = static_cast<std::uint32_t>(vb::Err().Number);
         if (code == kCantConvertValue || code == kDeletedRow) {
             vb::Err().Clear();
@@ -375,7 +375,7 @@ bool nxRs::FldSet(const vb::Variant& Field, const vb::Variant& Value, bool Silen
         try {
             m_rs->Fields(i).setValue(value);
         } catch (...) {
-            rs::LoadAmbientError();
+            frame::LoadAmbientError();
             nxApp::ErrorBox(label, Silent, false);
             return false;
         }

@@ -142,7 +142,7 @@ bool nxRs::tryMove(int kind, bool silent) {
         }
         return IsValidRec();
     } catch (...) {
-        rs::LoadAmbientError();
+        frame::LoadAmbientError();
         vb::Err().Description = u"Impossibile spostarsi al record desiderato."_s;
         nxApp::ErrorBox(u"nxRs.TryMove()"_s, silent, false);
         return false;
