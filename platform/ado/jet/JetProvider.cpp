@@ -518,6 +518,7 @@ private:
             return lessName(a.name, b.name);
         });
         std::vector<Row> rows;
+        rows.reserve(items.size());
         for (auto& item : items) {
             rows.push_back(std::move(item.row));
         }

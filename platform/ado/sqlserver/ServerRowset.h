@@ -34,6 +34,8 @@ public:
     ~StreamingRowset() override;
     StreamingRowset(const StreamingRowset&) = delete;
     StreamingRowset& operator=(const StreamingRowset&) = delete;
+    StreamingRowset(StreamingRowset&&) = delete;
+    StreamingRowset& operator=(StreamingRowset&&) = delete;
 
     // Reads every remaining row into memory and ends the statement; later moves read from
     // memory. Never throws: errors of the batch's later statements are dropped here.

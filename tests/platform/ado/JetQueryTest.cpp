@@ -3,6 +3,7 @@
 #include "platform/ado/Error.h"
 #include "platform/ado/Recordset.h"
 #include "platform/jetfile/Database.h"
+#include "tests/platform/ado/BuiltMdb.h"
 #include "tests/support/TestFiles.h"
 
 #include <QFile>
@@ -14,13 +15,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-QString built(const QString& name, const TestDir& dir) {
-    const QString target = dir.file(name);
-    QFile::copy(QStringLiteral(ADO_JET_MDB_DIR) + u'/' + name, target);
-    QFile::setPermissions(target, QFile::ReadOwner | QFile::WriteOwner);
-    return target;
-}
 
 ado::ConnectionPtr openJet(const QString& path, const QString& extra = {}) {
     auto cn = ado::Connection::create();
@@ -38,7 +32,7 @@ vb::Variant single(const ado::ConnectionPtr& cn, const QString& sql, const QStri
 
 TEST(JetQuery, DatesBeforeAndOn1753) {
     TestDir dir;
-    const QString path = built(u"dates.mdb"_s, dir);
+    const QString path = builtMdb(u"dates.mdb"_s, dir);
     // What the statements must give, counted on a bare scan of the file.
     const QDateTime limit = vb::makeDate(1753, 1, 1);
     long before = 0;
@@ -90,7 +84,7 @@ TEST(JetQuery, DatesBeforeAndOn1753) {
 
 TEST(JetQuery, EmptyTablesAndPasswords) {
     TestDir dir;
-    const QString path = built(u"password.mdb"_s, dir);
+    const QString path = builtMdb(u"password.mdb"_s, dir);
     QString text;
     std::int32_t code = 0;
     for (const QString& extra : {QString(), u";Jet OLEDB:Database Password=wrong"_s,

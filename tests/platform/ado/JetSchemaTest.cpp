@@ -4,6 +4,8 @@
 #include "platform/ado/Recordset.h"
 #include "platform/ado/adox/Catalog.h"
 #include "platform/ado/adox/Objects.h"
+
+#include "tests/platform/ado/BuiltMdb.h"
 #include "tests/support/Printers.h"
 #include "tests/support/TestFiles.h"
 
@@ -19,13 +21,6 @@ using ado::DataTypeEnum;
 using ado::SchemaEnum;
 
 namespace {
-
-QString built(const QString& name, const TestDir& dir) {
-    const QString target = dir.file(name);
-    QFile::copy(QStringLiteral(ADO_JET_MDB_DIR) + u'/' + name, target);
-    QFile::setPermissions(target, QFile::ReadOwner | QFile::WriteOwner);
-    return target;
-}
 
 ado::ConnectionPtr openJet(const QString& path) {
     auto cn = ado::Connection::create();
@@ -69,16 +64,16 @@ std::vector<vb::Variant> onTable(const QString& table, std::size_t position) {
 
 TEST(JetSchema, RowsetsHaveExactlyTheStandardColumns) {
     TestDir dir;
-    auto cn = openJet(built(u"all-types.mdb"_s, dir));
+    auto cn = openJet(builtMdb(u"all-types.mdb"_s, dir));
     auto tables = cn->OpenSchema(SchemaEnum::adSchemaTables);
     EXPECT_EQ(fieldNames(*tables),
               QStringList({u"TABLE_CATALOG"_s, u"TABLE_SCHEMA"_s, u"TABLE_NAME"_s, u"TABLE_TYPE"_s,
                            u"TABLE_GUID"_s, u"DESCRIPTION"_s, u"TABLE_PROPID"_s, u"DATE_CREATED"_s,
                            u"DATE_MODIFIED"_s}));
     auto pk = cn->OpenSchema(SchemaEnum::adSchemaPrimaryKeys);
-    EXPECT_EQ(fieldNames(*pk), QStringList({u"TABLE_CATALOG"_s, u"TABLE_SCHEMA"_s, u"TABLE_NAME"_s,
-                                            u"COLUMN_NAME"_s, u"COLUMN_GUID"_s, u"COLUMN_PROPID"_s,
-                                            u"ORDINAL"_s, u"PK_NAME"_s}));
+    EXPECT_EQ(fieldNames(*pk),
+              QStringList({u"TABLE_CATALOG"_s, u"TABLE_SCHEMA"_s, u"TABLE_NAME"_s, u"COLUMN_NAME"_s,
+                           u"COLUMN_GUID"_s, u"COLUMN_PROPID"_s, u"ORDINAL"_s, u"PK_NAME"_s}));
     auto fk = cn->OpenSchema(SchemaEnum::adSchemaForeignKeys);
     EXPECT_EQ(fieldNames(*fk),
               QStringList({u"PK_TABLE_CATALOG"_s, u"PK_TABLE_SCHEMA"_s, u"PK_TABLE_NAME"_s,
@@ -90,9 +85,9 @@ TEST(JetSchema, RowsetsHaveExactlyTheStandardColumns) {
     auto indexes = cn->OpenSchema(SchemaEnum::adSchemaIndexes);
     const QStringList indexFields = fieldNames(*indexes);
     ASSERT_EQ(indexFields.size(), 25);
-    EXPECT_EQ(indexFields.mid(0, 6), QStringList({u"TABLE_CATALOG"_s, u"TABLE_SCHEMA"_s,
-                                                  u"TABLE_NAME"_s, u"INDEX_CATALOG"_s,
-                                                  u"INDEX_SCHEMA"_s, u"INDEX_NAME"_s}));
+    EXPECT_EQ(indexFields.mid(0, 6),
+              QStringList({u"TABLE_CATALOG"_s, u"TABLE_SCHEMA"_s, u"TABLE_NAME"_s,
+                           u"INDEX_CATALOG"_s, u"INDEX_SCHEMA"_s, u"INDEX_NAME"_s}));
     EXPECT_EQ(indexFields.mid(16, 3),
               QStringList({u"ORDINAL_POSITION"_s, u"COLUMN_NAME"_s, u"COLUMN_GUID"_s}));
     EXPECT_EQ(indexFields.last(), u"INTEGRATED"_s);
@@ -108,7 +103,7 @@ TEST(JetSchema, RowsetsHaveExactlyTheStandardColumns) {
 // characters and bytes, the column flags and nullability, and the default text verbatim.
 TEST(JetSchema, ColumnsOfEveryTypeAsJetDescribesThem) {
     TestDir dir;
-    auto cn = openJet(built(u"all-types.mdb"_s, dir));
+    auto cn = openJet(builtMdb(u"all-types.mdb"_s, dir));
     auto columns = cn->OpenSchema(SchemaEnum::adSchemaColumns, onTable(u"AllTypes"_s, 2));
     const QStringList got =
         rows(*columns, {u"COLUMN_NAME"_s, u"DATA_TYPE"_s, u"CHARACTER_MAXIMUM_LENGTH"_s,
@@ -169,7 +164,7 @@ TEST(JetSchema, ColumnsOfEveryTypeAsJetDescribesThem) {
 // column that is not Required is Nullable to ADOX though the rowset says it holds no nulls.
 TEST(JetSchema, AdoxColumnPropertiesOfEveryType) {
     TestDir dir;
-    auto cn = openJet(built(u"all-types.mdb"_s, dir));
+    auto cn = openJet(builtMdb(u"all-types.mdb"_s, dir));
     auto catalog = ado::adox::Catalog::create();
     catalog->setActiveConnection(cn);
     auto& table = catalog->Tables().Item(u"AllTypes");
@@ -205,7 +200,8 @@ TEST(JetSchema, AdoxColumnPropertiesOfEveryType) {
     EXPECT_EQ(type(u"DecimalCol"_s), DataTypeEnum::adNumeric);
     EXPECT_EQ(table.Columns().Item(u"TextNoZeroLen").DefinedSize(), 255);
     EXPECT_EQ(table.Columns().Item(u"MemoCol").DefinedSize(), 0);
-    EXPECT_EQ(table.Columns().Item(u"TextCol").Attributes() & ado::adColNullable, ado::adColNullable);
+    EXPECT_EQ(table.Columns().Item(u"TextCol").Attributes() & ado::adColNullable,
+              ado::adColNullable);
     EXPECT_EQ(table.Columns().Item(u"LongCol").Attributes() & ado::adColNullable, 0);
     EXPECT_EQ(table.Columns().Count(), 18);
 }
@@ -214,7 +210,7 @@ TEST(JetSchema, AdoxColumnPropertiesOfEveryType) {
 // Jet's fixed values and the sort order of each column.
 TEST(JetSchema, IndexesRowByColumnWithTheirSortOrders) {
     TestDir dir;
-    auto cn = openJet(built(u"indexes.mdb"_s, dir));
+    auto cn = openJet(builtMdb(u"indexes.mdb"_s, dir));
     auto indexes = cn->OpenSchema(SchemaEnum::adSchemaIndexes, onTable(u"Indexed Things"_s, 4));
     const QStringList got =
         rows(*indexes, {u"INDEX_NAME"_s, u"ORDINAL_POSITION"_s, u"COLUMN_NAME"_s, u"COLLATION"_s,
@@ -246,14 +242,17 @@ TEST(JetSchema, IndexesRowByColumnWithTheirSortOrders) {
         EXPECT_EQ(indexes->Fields(u"AUTO_UPDATE").Value(), vb::Variant(true));
     }
     // The index name is the third restriction.
-    auto byName = cn->OpenSchema(SchemaEnum::adSchemaIndexes,
-                                 {vb::Variant(), vb::Variant(), u"Word desc"_s});
+    auto byName =
+        cn->OpenSchema(SchemaEnum::adSchemaIndexes, {vb::Variant(), vb::Variant(), u"Word desc"_s});
     EXPECT_EQ(rows(*byName, {u"TABLE_NAME"_s, u"COLUMN_NAME"_s, u"COLLATION"_s}),
               QStringList{u"Texts|Word|2"_s});
 
     auto catalog = ado::adox::Catalog::create();
     catalog->setActiveConnection(cn);
-    auto& index = catalog->Tables().Item(u"Indexed Things").Indexes().Item(u"Added desc, Title asc, Revision desc");
+    auto& index = catalog->Tables()
+                      .Item(u"Indexed Things")
+                      .Indexes()
+                      .Item(u"Added desc, Title asc, Revision desc");
     ASSERT_EQ(index.Columns().Count(), 3);
     EXPECT_EQ(index.Columns().Item(0L).SortOrder(), ado::SortOrderEnum::adSortDescending);
     EXPECT_EQ(index.Columns().Item(1L).SortOrder(), ado::SortOrderEnum::adSortAscending);
@@ -266,17 +265,19 @@ TEST(JetSchema, IndexesRowByColumnWithTheirSortOrders) {
 // primary-key side's bookkeeping indexes (".rB"...) never show.
 TEST(JetSchema, ForeignKeysWithTheirRulesAndColumnPairs) {
     TestDir dir;
-    auto cn = openJet(built(u"relations.mdb"_s, dir));
-    const QStringList fields{u"FK_NAME"_s,       u"PK_TABLE_NAME"_s, u"PK_COLUMN_NAME"_s,
+    auto cn = openJet(builtMdb(u"relations.mdb"_s, dir));
+    const QStringList fields{u"FK_NAME"_s,       u"PK_TABLE_NAME"_s,  u"PK_COLUMN_NAME"_s,
                              u"FK_TABLE_NAME"_s, u"FK_COLUMN_NAME"_s, u"ORDINAL"_s,
-                             u"UPDATE_RULE"_s,   u"DELETE_RULE"_s,  u"DEFERRABILITY"_s};
-    auto toOrders = cn->OpenSchema(SchemaEnum::adSchemaForeignKeys,
-                                   {vb::Variant(), vb::Variant(), u"Orders"_s, vb::Variant(),
-                                    vb::Variant(), u"OrderLines"_s});
-    EXPECT_EQ(rows(*toOrders, fields),
-              QStringList{u"OrdersOrderLines|Orders|OrderID|OrderLines|OrderID|1|NO ACTION|CASCADE|3"_s});
+                             u"UPDATE_RULE"_s,   u"DELETE_RULE"_s,    u"DEFERRABILITY"_s};
+    auto toOrders = cn->OpenSchema(
+        SchemaEnum::adSchemaForeignKeys,
+        {vb::Variant(), vb::Variant(), u"Orders"_s, vb::Variant(), vb::Variant(), u"OrderLines"_s});
+    EXPECT_EQ(
+        rows(*toOrders, fields),
+        QStringList{u"OrdersOrderLines|Orders|OrderID|OrderLines|OrderID|1|NO ACTION|CASCADE|3"_s});
 
-    auto fromCustomers = cn->OpenSchema(SchemaEnum::adSchemaForeignKeys, onTable(u"Customers"_s, 2));
+    auto fromCustomers =
+        cn->OpenSchema(SchemaEnum::adSchemaForeignKeys, onTable(u"Customers"_s, 2));
     std::map<QString, QStringList> byName;
     for (const QString& row : rows(*fromCustomers, fields)) {
         byName[row.section(u'|', 0, 0)] << row.section(u'|', 1);
@@ -306,8 +307,9 @@ TEST(JetSchema, ForeignKeysWithTheirRulesAndColumnPairs) {
         EXPECT_FALSE(name.startsWith(u'.')) << name.toStdString();
     }
     auto primary = cn->OpenSchema(SchemaEnum::adSchemaPrimaryKeys, onTable(u"OrderLines"_s, 2));
-    EXPECT_EQ(rows(*primary, {u"TABLE_NAME"_s, u"COLUMN_NAME"_s, u"ORDINAL"_s, u"PK_NAME"_s}),
-              QStringList({u"OrderLines|OrderID|1|PrimaryKey"_s, u"OrderLines|LineNo|2|PrimaryKey"_s}));
+    EXPECT_EQ(
+        rows(*primary, {u"TABLE_NAME"_s, u"COLUMN_NAME"_s, u"ORDINAL"_s, u"PK_NAME"_s}),
+        QStringList({u"OrderLines|OrderID|1|PrimaryKey"_s, u"OrderLines|LineNo|2|PrimaryKey"_s}));
 
     auto catalog = ado::adox::Catalog::create();
     catalog->setActiveConnection(cn);
@@ -331,13 +333,15 @@ TEST(JetSchema, TableTypesOfAnAccessWrittenFile) {
     const QStringList got = rows(*tables, {u"TABLE_TYPE"_s, u"TABLE_NAME"_s});
     EXPECT_TRUE(got.contains(u"SYSTEM TABLE|MSysObjects"_s));
     EXPECT_TRUE(got.contains(u"SYSTEM TABLE|MSysRelationships"_s));
-    EXPECT_TRUE(got.contains(u"ACCESS TABLE|MSysAccessObjects"_s)) << got.join(u", "_s).toStdString();
+    EXPECT_TRUE(got.contains(u"ACCESS TABLE|MSysAccessObjects"_s))
+        << got.join(u", "_s).toStdString();
     EXPECT_FALSE(got.filter(u"VIEW|"_s).isEmpty()) << got.join(u", "_s).toStdString();
     QStringList sorted = got;
     std::stable_sort(sorted.begin(), sorted.end(), [](const QString& a, const QString& b) {
         const QString ta = a.section(u'|', 0, 0);
         const QString tb = b.section(u'|', 0, 0);
-        return ta != tb ? ta < tb : a.section(u'|', 1).compare(b.section(u'|', 1), Qt::CaseInsensitive) < 0;
+        return ta != tb ? ta < tb
+                        : a.section(u'|', 1).compare(b.section(u'|', 1), Qt::CaseInsensitive) < 0;
     });
     EXPECT_EQ(got, sorted);
     auto views = cn->OpenSchema(SchemaEnum::adSchemaTables,

@@ -33,6 +33,8 @@ public:
     ~Execution();
     Execution(const Execution&) = delete;
     Execution& operator=(const Execution&) = delete;
+    Execution(Execution&&) = delete;
+    Execution& operator=(Execution&&) = delete;
 
     // The current result: a row set (columns not empty) or a row count.
     const std::vector<Column>& columns() const noexcept { return m_columns; }

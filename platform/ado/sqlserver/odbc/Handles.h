@@ -74,6 +74,8 @@ public:
     ~Connection();
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
+    Connection(Connection&&) = delete;
+    Connection& operator=(Connection&&) = delete;
 
     // Logs in with a driver connection string (no DSN). The login time-out covers the TCP
     // connection and the login exchange; 0 means the driver's (unbounded) default.

@@ -17,7 +17,7 @@ int resolveInstancePort(const QString& host, const QString& instance, int timeou
         // A connection that cannot find its server fails as any other network failure does.
         // The look-up names the instance itself; it is not named twice.
         const QString prefix = u"SQL Server instance '%1\\%2': "_s.arg(host, instance);
-        const QString text = e.description();
+        const QString& text = e.description();
         throw Failure(hr::E_FAIL_, text.startsWith(prefix) ? text : prefix + text);
     }
 }

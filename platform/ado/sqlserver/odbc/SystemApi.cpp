@@ -37,6 +37,11 @@ template <class Call> SQLRETURN readText(Call&& call, QString* out) {
     return rc;
 }
 
+// ODBC passes an integer attribute in the pointer argument.
+SQLPOINTER integerAttribute(SQLULEN value) {
+    return reinterpret_cast<SQLPOINTER>(value); // NOLINT(performance-no-int-to-ptr)
+}
+
 class SystemApi final : public Api {
 public:
     SQLRETURN allocHandle(SQLSMALLINT type, SQLHANDLE input, SQLHANDLE* output) override {
@@ -46,13 +51,13 @@ public:
         return SQLFreeHandle(type, handle);
     }
     SQLRETURN setEnvAttr(SQLHENV env, SQLINTEGER attribute, SQLULEN value) override {
-        return SQLSetEnvAttr(env, attribute, reinterpret_cast<SQLPOINTER>(value), 0);
+        return SQLSetEnvAttr(env, attribute, integerAttribute(value), 0);
     }
     SQLRETURN setConnectAttr(SQLHDBC dbc, SQLINTEGER attribute, SQLULEN value) override {
-        return SQLSetConnectAttrW(dbc, attribute, reinterpret_cast<SQLPOINTER>(value), 0);
+        return SQLSetConnectAttrW(dbc, attribute, integerAttribute(value), 0);
     }
     SQLRETURN setStmtAttr(SQLHSTMT stmt, SQLINTEGER attribute, SQLULEN value) override {
-        return SQLSetStmtAttrW(stmt, attribute, reinterpret_cast<SQLPOINTER>(value), 0);
+        return SQLSetStmtAttrW(stmt, attribute, integerAttribute(value), 0);
     }
     SQLRETURN driverConnect(SQLHDBC dbc, const QString& connectionString) override {
         SQLWCHAR out[1024];

@@ -45,6 +45,8 @@ public:
     ~BoundParameters();
     BoundParameters(const BoundParameters&) = delete;
     BoundParameters& operator=(const BoundParameters&) = delete;
+    BoundParameters(BoundParameters&&) = delete;
+    BoundParameters& operator=(BoundParameters&&) = delete;
 
     // Converts and binds each value; throws Failure (0x80040E07) when a value does not convert
     // to its parameter's type, naming the parameter.
