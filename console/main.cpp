@@ -1,3 +1,4 @@
+#include "console/DbImportRun.h"
 #include "console/frmMain.h"
 
 #include "frame/nxApp.h"
@@ -14,9 +15,7 @@ int main(int argc, char** argv) {
         return 1;
     }
     nxApp::SetDoEvents([] { QCoreApplication::processEvents(); });
-    // The conversion engine's run is not part of this build yet: a press of the import button
-    // ends at once with the failure message.
-    frmMain window(networkServerDirectory(), std::make_unique<QtFileOpenDialog>(), {});
+    frmMain window(networkServerDirectory(), std::make_unique<QtFileOpenDialog>(), dbImportRuns());
     window.Form_Load();
     window.show();
     return QApplication::exec();

@@ -5,6 +5,7 @@
 #include "engine/DbImportEvents.h"
 
 #include "frame/nxApp.h"
+#include "frame/nxError.h"
 
 #include "platform/win/MessageBox.h"
 
@@ -218,6 +219,11 @@ int run(const Options& options, const ImportRunFactory& runs, QTextStream& out, 
     if (result) {
         out << u"Importazione eseguita."_s << Qt::endl;
         return kDone;
+    }
+    // A failure the run trapped without a word is still in the program's last error.
+    if (lastSaid.isEmpty() && nxApp::LastError().Number() != 0) {
+        lastSaid = nxApp::LastError().Description() + u" ("_s +
+                   QString::number(nxApp::LastError().Number()) + u")"_s;
     }
     err << u"upsizer-cli: Importazione fallita."_s;
     if (!lastSaid.isEmpty()) {

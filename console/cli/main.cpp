@@ -1,3 +1,4 @@
+#include "console/DbImportRun.h"
 #include "console/cli/Cli.h"
 
 #include <QCoreApplication>
@@ -8,5 +9,5 @@ int main(int argc, char** argv) {
     QTextStream out(stdout);
     QTextStream err(stderr);
     return cli::main(QCoreApplication::arguments().mid(1), QProcessEnvironment::systemEnvironment(),
-                     ImportRunFactory(), out, err); // no conversion engine in this build yet
+                     dbImportRuns(), out, err);
 }
