@@ -170,6 +170,25 @@ TEST_F(TableCopyTest, ATableTheSourceCannotOpenIsNoCopy) {
     EXPECT_TRUE(phase.CopyTableData(u"D_MANCA"_s));
 }
 
+TEST_F(TableCopyTest, AFailureOfTheCopyItselfIsToldWithTheTableAndGivesTheJobsState) {
+    sourceRows({{vb::Variant(std::int32_t{1}), kNull, vb::Variant(u"uno"_s), kNull, kNull, kNull}});
+    run->destConn.Connection(nullptr); // no destination to give the inserts a connection
+    engine::TableRecreation names(run->context());
+    engine::TableCopy phase(run->context(), names, *job);
+    // The table was open, so a user table answers the job's readiness.
+    EXPECT_TRUE(phase.CopyTableData(u"D_ABC"_s));
+    ASSERT_EQ(run->events.lines.size(), 2) << run->events.lines.join(u'\n').toStdString();
+    EXPECT_EQ(run->events.lines.at(0), u"TableImportStart 1"_s);
+    EXPECT_TRUE(run->events.lines.at(1).startsWith(u"Error 3 (D_ABC) 424: "_s))
+        << run->events.lines.at(1).toStdString();
+    EXPECT_TRUE(serverWork().filter(u"execute: insert"_s).isEmpty());
+    // The job is free again: the next table is copied.
+    run->destConn.Connection(run->dest.ConnUtils()->CloneConnection());
+    run->events.lines.clear();
+    EXPECT_TRUE(phase.CopySystemTable(u"D_ABC"_s));
+    EXPECT_EQ(serverWork().filter(u"execute: insert"_s).size(), 1);
+}
+
 TEST_F(TableCopyTest, TheSinksLeaveTheJobWithTheObject) {
     {
         engine::TableRecreation names(run->context());
