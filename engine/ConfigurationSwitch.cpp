@@ -7,7 +7,7 @@
 #include "frame/nxSys.h"
 
 #include "dbaccess/nxDb.h"
-#include "recordset/RsTrap.h"
+#include "frame/Edge.h"
 
 #include "platform/ado/Connection.h"
 #include "platform/ado/Enums.h"
@@ -51,7 +51,7 @@ bool StoreDescription(nxDb& dest, const QString& dbDesc) noexcept {
         return dest.Execute(u"update QZSYSTEM set DESCRIZIONE='"_s + dbDesc + u"'"_s, true,
                             ado::adExecuteNoRecords);
     } catch (...) {
-        rs::LoadAmbientError();
+        frame::LoadAmbientError();
         nxApp::FillError();
         return false;
     }

@@ -5,7 +5,7 @@
 #include "dbaccess/nxConn.h"
 #include "dbaccess/nxDb.h"
 #include "frame/nxApp.h"
-#include "recordset/RsTrap.h"
+#include "frame/Edge.h"
 
 #include "platform/ado/Connection.h"
 #include "platform/ado/Enums.h"
@@ -36,7 +36,7 @@ bool IdentityObjects::CreateSysIDsTable() noexcept {
         cn->CommitTrans();
         return true;
     } catch (...) {
-        rs::LoadAmbientError();
+        frame::LoadAmbientError();
     }
     // The failure is what the operator must see, so the rollback's own failure (a connection
     // already gone) is not allowed to cover it.

@@ -9,7 +9,7 @@
 #include "dbaccess/nxDb.h"
 #include "frame/nxApp.h"
 #include "frame/nxError.h"
-#include "recordset/RsTrap.h"
+#include "frame/Edge.h"
 
 #include "platform/ado/Connection.h"
 #include "platform/ado/Enums.h"
@@ -96,7 +96,7 @@ bool IndexRecreation::CreateTableIndexes(QString& Table) {
     } catch (const Refused& refused) {
         failure = refused.error;
     } catch (...) {
-        rs::LoadAmbientError();
+        frame::LoadAmbientError();
         failure = vb::Err();
     }
     if (m_run.events != nullptr) {

@@ -8,7 +8,7 @@
 #include "dbaccess/nxDb.h"
 #include "frame/nxStringBuilder.h"
 #include "jobs/nxRsJob.h"
-#include "recordset/RsTrap.h"
+#include "frame/Edge.h"
 #include "recordset/nxRs.h"
 
 #include "platform/ado/Connection.h"
@@ -82,7 +82,7 @@ bool TableCopy::copy(const QString& table, bool userTable) {
         // A record that failed is told by its own event; the run goes on with the next table.
         return userTable ? true : answer;
     } catch (...) {
-        rs::LoadAmbientError();
+        frame::LoadAmbientError();
     }
     const vb::ErrRecord failure = vb::Err();
     m_job.RsClose();
@@ -201,7 +201,7 @@ void TableCopy::onRecord(nxRs& rs, bool& result) {
         m_command->setCommandText(sb.ToString());
         m_command->Execute(nullptr, nullptr, ado::adExecuteNoRecords);
     } catch (...) {
-        rs::LoadAmbientError();
+        frame::LoadAmbientError();
         // The first refused record ends its table.
         result = false;
         raiseError(errorText(vb::Err()));
