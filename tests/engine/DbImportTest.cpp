@@ -350,3 +350,30 @@ TEST_F(DbImportPastCreationTest, AnArchiveInTheDestinationEndsTheRun) {
 }
 
 } // namespace
+
+namespace {
+
+// A stop while the system tables are copied, confirmed: the transaction is rolled back, nothing
+// is configured and the source keeps its name.
+TEST_F(DbImportPastCreationTest, StopDuringTheSystemTablesRollsBack) {
+    const QString source = copySource(u"small"_s);
+    SKIP_WITHOUT_SOURCE(source);
+    server->script().catalogTable(ado::CatalogTable{u"QZSYSTEM"_s, u"TABLE"_s, {}, {}, {}}, {});
+    events.onSysTable = [this] { run.Stopped(true); };
+    box->answer({win::id::kYes, win::id::kOk});
+    start(source);
+    ASSERT_EQ(box->shown().size(), 2u) << lastErrorReport();
+    EXPECT_EQ(box->shown().at(0).text, u"Annullare l'operazione?"_s);
+    EXPECT_EQ(box->last().text, u"Importazione interrotta."_s);
+    EXPECT_EQ(box->last().flags, 48);
+    EXPECT_TRUE(run.Stopped());
+    const QStringList journal = server->journal().lines();
+    EXPECT_TRUE(journal.contains(u"rollback"_s)) << journal.join(u'\n').toStdString();
+    // The identity objects committed their own transaction before; the run's is rolled back.
+    EXPECT_GT(journal.lastIndexOf(u"rollback"_s), journal.lastIndexOf(u"commit"_s));
+    EXPECT_EQ(events.lines.last(), u"ImportEnd"_s);
+    EXPECT_TRUE(QFile::exists(source));
+    EXPECT_FALSE(QFile::exists(dir.file(u"config.ini"_s)));
+}
+
+} // namespace
