@@ -189,7 +189,7 @@ TEST_F(PhasesServerTest, AnArchiveIsRecreatedIndexedAndCopied) {
             tables.GetCreateTableSql(table, run->srcConn.Connection()), false, 128))
             << table.toStdString();
         ASSERT_TRUE(indexes.CreateTableIndexes(table)) << run->events.lines.join(u'\n').toStdString();
-        ASSERT_TRUE(copy.CopyTableData(table));
+        ASSERT_TRUE(copy.CopyTableData(table)) << run->events.lines.join(u'\n').toStdString();
     }
     const qint64 ms = clock.elapsed();
     EXPECT_EQ(run->events.lines.filter(u"Error"_s), QStringList());
