@@ -13,6 +13,7 @@
 #include "platform/win/FileRegistry.h"
 #include "platform/win/ScriptedMessageBox.h"
 
+#include "tests/support/CreatingServer.h"
 #include "tests/support/MemberOk.h"
 #include "tests/support/Printers.h"
 #include "tests/support/TestFiles.h"
@@ -33,27 +34,6 @@ using ado::recording::RecordingProvider;
 
 inline const QString kServerProvider = QStringLiteral("SQLOLEDB");
 inline const QString kJetProvider = QStringLiteral("Microsoft.Jet.OLEDB.4.0");
-
-// A recording server on which "create database X" makes X appear in the catalogs rowset, as a
-// real server does; every other call goes to the recording provider as it is.
-class CreatingServer : public ado::Provider {
-public:
-    CreatingServer() : m_inner(std::make_shared<RecordingProvider>(kServerProvider)) {}
-
-    ado::recording::Script& script() { return m_inner->script(); }
-    Journal& journal() { return m_inner->journal(); }
-
-    QString name() const override { return m_inner->name(); }
-    std::unique_ptr<ado::ProviderSession> open(const ado::OpenRequest& request) override;
-    void createDatabase(const ado::ConnectionString& cs) override { m_inner->createDatabase(cs); }
-
-private:
-    std::shared_ptr<RecordingProvider> m_inner;
-};
-
-inline ado::Row catalogRow(const QString& name) {
-    return ado::SchemaRow(ado::SchemaEnum::adSchemaCatalogs).set(u"CATALOG_NAME", name).take();
-}
 
 // A started application object with a scripted message box and a registry of its own, and
 // recording providers in place of both back ends.

@@ -10,6 +10,7 @@
 #include "platform/win/FileRegistry.h"
 #include "platform/win/ScriptedMessageBox.h"
 
+#include "tests/support/CreatingServer.h"
 #include "tests/support/MemberOk.h"
 #include "tests/support/Printers.h"
 #include "tests/support/TestFiles.h"
@@ -24,25 +25,6 @@ namespace schematest {
 
 inline const QString kServerProvider = QStringLiteral("SQLOLEDB");
 inline const QString kJetProvider = QStringLiteral("Microsoft.Jet.OLEDB.4.0");
-
-// A recording server on which "create database X" lists X among the catalogs, as a real server
-// does, so that a database can be created and then opened; the rest is the recording provider's.
-class CreatingServer : public ado::Provider {
-public:
-    CreatingServer();
-
-    ado::recording::Script& script() { return m_inner->script(); }
-    ado::recording::Journal& journal() { return m_inner->journal(); }
-
-    QString name() const override { return m_inner->name(); }
-    std::unique_ptr<ado::ProviderSession> open(const ado::OpenRequest& request) override;
-    void createDatabase(const ado::ConnectionString& cs) override { m_inner->createDatabase(cs); }
-
-private:
-    std::shared_ptr<ado::recording::RecordingProvider> m_inner;
-};
-
-ado::Row catalogRow(const QString& name);
 
 // A started application object with a scripted message box and a registry of its own.
 class AppTest : public testing::Test {

@@ -1,6 +1,6 @@
 #include "platform/ado/sqlserver/odbc/Diagnostics.h"
 #include "platform/ado/sqlserver/odbc/SchemaQueries.h"
-#include "tests/platform/sqlserver/Golden.h"
+#include "tests/support/Golden.h"
 #include "tests/support/Printers.h"
 
 #include <gtest/gtest.h>
@@ -32,7 +32,7 @@ TEST(SchemaQueries, EveryRowsetQueryMatchesItsGoldenText) {
                                                                  schemaQuery(id, {}).text);
     }
     all += u"-- ProductVersion\n"_s + productVersionQuery() + u"\n"_s;
-    expectGolden(u"schema-rowsets.sql"_s, all);
+    expectGoldenText(u"tests/platform/sqlserver/golden/schema-rowsets.sql"_s, all);
 }
 
 TEST(SchemaQueries, RestrictionsBecomeParametersInTheirPlace) {
