@@ -1,6 +1,5 @@
 #include "engine/DbImport.h"
 
-#include "engine/CaughtError.h"
 #include "engine/DbImportPhases.h"
 #include "engine/SourceVerification.h"
 #include "engine/SqlNames.h"
@@ -93,7 +92,7 @@ bool DbImport::Run(const QString& /*Source*/, QObject* OwnerWindow, const QStrin
 // second failure leaves the run without its close-down, as the caller's own.
 bool DbImport::trapFailure() {
     m_ok = false;
-    const vb::ErrRecord failure = engine::CaughtError();
+    const vb::ErrRecord failure = frame::currentErrorRecord();
     (void)failure;
     if (m_dest && m_transLevel > 0) {
         try {

@@ -1,7 +1,7 @@
 #include "engine/SourceVerification.h"
 
-#include "engine/CaughtError.h"
 
+#include "frame/Edge.h"
 #include "frame/nxApp.h"
 #include "frame/nxLog.h"
 
@@ -38,7 +38,7 @@ ado::RecordsetPtr openSchema(ado::Connection& cn, SchemaEnum schema, std::size_t
 }
 
 void showWalkError(const QString& where) {
-    const vb::ErrRecord e = CaughtError();
+    const vb::ErrRecord e = frame::currentErrorRecord();
     nxApp::MsgBox(WalkErrorText(e.Number, e.Description, where), 48);
 }
 
@@ -62,7 +62,6 @@ bool SourceVerification::AnalyzeDatabase(bool& IdxOk) noexcept {
         tables->Close();
     } catch (...) {
         // The walk ends here with what it found so far; the closing line is written all the same.
-        (void)CaughtError();
     }
     m_log.LogWrite(TableReport::separator());
     return result;
@@ -180,7 +179,6 @@ bool SourceVerification::CheckIndexLength(const QString& Table, TableReport& Rep
         }
         test(previous);
     } catch (...) {
-        (void)CaughtError();
         return false;
     }
     return result;
@@ -217,7 +215,6 @@ bool SourceVerification::CheckDateFields(const QString& Table, TableReport& Repo
             rows->Close();
         }
     } catch (...) {
-        (void)CaughtError();
         return false;
     }
     return result;
@@ -252,7 +249,6 @@ bool SourceVerification::CheckPrimaryKeyNulls(const QString& Table, TableReport&
             rows->Close();
         }
     } catch (...) {
-        (void)CaughtError();
         return false;
     }
     return result;
@@ -278,7 +274,6 @@ bool SourceVerification::CheckMemoIndexes(const QString& Table, TableReport& Rep
         }
         return !found;
     } catch (...) {
-        (void)CaughtError();
         return false;
     }
 }

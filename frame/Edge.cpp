@@ -15,7 +15,9 @@ namespace {
 constexpr std::int32_t kOutOfMemory = 7;
 constexpr std::int32_t kInternalError = 51;
 
-vb::ErrRecord recordOfCurrentException() {
+} // namespace
+
+vb::ErrRecord currentErrorRecord() noexcept {
     vb::ErrRecord record;
     try {
         throw;
@@ -41,14 +43,8 @@ vb::ErrRecord recordOfCurrentException() {
     return record;
 }
 
-} // namespace
-
-vb::ErrRecord currentErrorRecord() noexcept {
-    return recordOfCurrentException();
-}
-
 void LoadAmbientError() {
-    vb::Err() = recordOfCurrentException();
+    vb::Err() = currentErrorRecord();
 }
 
 void trapCurrentException(QStringView label, bool silent) {
