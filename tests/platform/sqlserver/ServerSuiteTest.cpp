@@ -16,8 +16,8 @@
 #include "platform/ado/adox/Catalog.h"
 #include "platform/ado/adox/Objects.h"
 #include "tests/support/Printers.h"
+#include "tests/support/RealServer.h"
 
-#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QRegularExpression>
 #include <QUuid>
@@ -32,24 +32,6 @@ using namespace ado;
 
 namespace {
 
-QString env(const char* name) { return qEnvironmentVariable(name); }
-
-QString loginString(const QString& database) {
-    QString s = u"Provider=SQLOLEDB;Data Source=%1;User ID=%2;Password=\"%3\";"
-                u"Connect Timeout=5"_s.arg(env("UPSIZER_TEST_SERVER"), env("UPSIZER_TEST_USER"),
-                                           QString(env("UPSIZER_TEST_PASSWORD")).replace(u"\""_s, u"\"\""_s));
-    if (!database.isEmpty()) {
-        s += u";Initial Catalog="_s + database;
-    }
-    return s;
-}
-
-ConnectionPtr openConnection(const QString& database) {
-    ConnectionPtr c = Connection::create();
-    c->Open(loginString(database));
-    return c;
-}
-
 vb::Variant scalar(const ConnectionPtr& c, const QString& query) {
     RecordsetPtr rs = c->Execute(query);
     EXPECT_FALSE(rs->Eof()) << query.toStdString();
@@ -59,34 +41,29 @@ vb::Variant scalar(const ConnectionPtr& c, const QString& query) {
 class ServerSuite : public ::testing::Test {
 protected:
     static void SetUpTestSuite() {
-        if (env("UPSIZER_TEST_SERVER").isEmpty()) {
+        if (!realserver::isNamed()) {
             return;
         }
-        s_database = u"upsizer_t%1"_s.arg(QCoreApplication::applicationPid());
-        ConnectionPtr master = openConnection({});
-        s_babelfish = scalar(master, u"select @@version"_s).toString().startsWith(u"Babelfish"_s);
-        master->Execute(u"if db_id('%1') is not null drop database %1"_s.arg(s_database));
-        master->Execute(u"create database "_s + s_database);
-        master->Close();
+        s_database = realserver::scratchName(u"suite"_s);
+        s_babelfish = scalar(realserver::open(), u"select @@version"_s)
+                          .toString()
+                          .startsWith(u"Babelfish"_s);
+        realserver::recreateDatabase(s_database);
     }
     static void TearDownTestSuite() {
         if (s_database.isEmpty()) {
             return;
         }
         try {
-            ConnectionPtr master = openConnection({});
-            master->Execute(u"drop database "_s + s_database);
+            realserver::dropDatabase(s_database);
         } catch (const Error& e) {
             ADD_FAILURE() << "could not drop " << s_database.toStdString() << ": " << e.what();
         }
         s_database.clear();
     }
     void SetUp() override {
-        if (env("UPSIZER_TEST_SERVER").isEmpty()) {
-            GTEST_SKIP() << "UPSIZER_TEST_SERVER is not set: no server to test against "
-                            "(see platform/ado/sqlserver/README.md)";
-        }
-        db = openConnection(s_database);
+        REQUIRE_REAL_SERVER();
+        db = realserver::open(s_database);
     }
     void TearDown() override {
         if (db && db->State() != 0) {
@@ -109,7 +86,7 @@ TEST_F(ServerSuite, ReportsItsVersionInTheProvidersForm) {
     const QString version = db->Properties().Item(u"DBMS Version"_s).Value().toString();
     EXPECT_TRUE(QRegularExpression(u"^\\d\\d\\.\\d\\d\\.\\d{4}$"_s).match(version).hasMatch())
         << version.toStdString();
-    EXPECT_EQ(db->Properties().Item(u"Data Source"_s).Value().toString(), env("UPSIZER_TEST_SERVER"));
+    EXPECT_EQ(db->Properties().Item(u"Data Source"_s).Value().toString(), realserver::server());
     EXPECT_EQ(db->Provider(), u"SQLOLEDB.1"_s);
 }
 
@@ -284,7 +261,7 @@ TEST_F(ServerSuite, RecordsetsMoveFilterAndStayOpenSideBySide) {
     EXPECT_EQ(keyset->RecordCount(), 2);
 
     // Two forward-only results at once: each on its own connection.
-    ConnectionPtr other = openConnection(s_database);
+    ConnectionPtr other = realserver::open(s_database);
     RecordsetPtr a = db->Execute(u"select ID from R1 order by ID"_s);
     RecordsetPtr b = other->Execute(u"select ID from R1 order by ID desc"_s);
     EXPECT_EQ(a->Fields().Item(0L).Value(), vb::Variant(std::int32_t(1)));
@@ -337,6 +314,42 @@ TEST_F(ServerSuite, SchemaRowsetsDescribeTheTables) {
     }
     ASSERT_FALSE(pks->Eof());
     EXPECT_EQ(pks->Fields().Item(u"COLUMN_NAME"_s).Value().toString().toLower(), u"id"_s);
+}
+
+TEST_F(ServerSuite, ColumnDefaultsComeWithoutTheServersParentheses) {
+    db->Execute(u"create table D1 (A int null default 0, B nvarchar(5) null default '', "
+                u"C int null default (0), D int null default ((0)), E datetime null "
+                u"default getdate(), F int null)"_s);
+    RecordsetPtr columns = db->OpenSchema(SchemaEnum::adSchemaColumns,
+                                          {vb::Variant(), vb::Variant(), vb::Variant(u"D1"_s)});
+    std::map<QString, std::pair<vb::Variant, vb::Variant>> defaults;
+    for (; !columns->Eof(); columns->MoveNext()) {
+        Fields& f = columns->Fields();
+        defaults[f.Item(u"COLUMN_NAME"_s).Value().toString().toLower()] = {
+            f.Item(u"COLUMN_HASDEFAULT"_s).Value(), f.Item(u"COLUMN_DEFAULT"_s).Value()};
+    }
+    ASSERT_EQ(defaults.size(), 6u);
+    for (const char* name : {"a", "b", "c", "d", "e"}) {
+        EXPECT_EQ(defaults[QString::fromLatin1(name)].first, vb::Variant(true)) << name;
+    }
+    EXPECT_EQ(defaults[u"f"_s].first, vb::Variant(false));
+    EXPECT_TRUE(defaults[u"f"_s].second.isNull());
+    if (s_babelfish) {
+        // That server stores a default as written without the parentheses SQL Server adds
+        // ("0", "''", "getdate()"), and every parenthesis of "((0))" dropped; the text comes
+        // back whole.
+        EXPECT_EQ(defaults[u"a"_s].second, vb::Variant(u"0"_s));
+        EXPECT_EQ(defaults[u"b"_s].second, vb::Variant(u"''"_s));
+        EXPECT_EQ(defaults[u"d"_s].second, vb::Variant(u"0"_s));
+        EXPECT_EQ(defaults[u"e"_s].second, vb::Variant(u"getdate()"_s));
+        return;
+    }
+    // SQL Server stores "((0))", "('')", "((0))", "((0))", "(getdate())".
+    EXPECT_EQ(defaults[u"a"_s].second, vb::Variant(u"(0)"_s));
+    EXPECT_EQ(defaults[u"b"_s].second, vb::Variant(u"''"_s));
+    EXPECT_EQ(defaults[u"c"_s].second, vb::Variant(u"(0)"_s));
+    EXPECT_EQ(defaults[u"d"_s].second, vb::Variant(u"(0)"_s));
+    EXPECT_EQ(defaults[u"e"_s].second, vb::Variant(u"getdate()"_s));
 }
 
 TEST_F(ServerSuite, AdoxSeesAndChangesTheTables) {
@@ -405,7 +418,7 @@ TEST_F(ServerSuite, BadLoginsAndMissingThingsFailWithinTheTimeOut) {
     {
         ConnectionPtr c = Connection::create();
         const QString cs = u"Provider=SQLOLEDB;Data Source=%1;User ID=upsizer_no_login;"
-                           u"Password=wrong;Connect Timeout=5"_s.arg(env("UPSIZER_TEST_SERVER"));
+                           u"Password=wrong;Connect Timeout=5"_s.arg(realserver::server());
         const QString shown = refused(cs, 6000);
         EXPECT_TRUE(shown.startsWith(unspecified)) << shown.toStdString();
         EXPECT_TRUE(shown.contains(u"upsizer_no_login"_s)) << shown.toStdString();
@@ -416,7 +429,7 @@ TEST_F(ServerSuite, BadLoginsAndMissingThingsFailWithinTheTimeOut) {
         }
     }
     // A database the server does not have: SQL Server 4060 "Cannot open database ...".
-    const QString missing = refused(loginString(u"upsizer_no_such_db"_s), 6000);
+    const QString missing = refused(realserver::connectionString(u"upsizer_no_such_db"_s), 6000);
     EXPECT_TRUE(missing.startsWith(unspecified)) << missing.toStdString();
     EXPECT_TRUE(missing.contains(u"upsizer_no_such_db"_s)) << missing.toStdString();
     // Nothing listens on port 1 of the loopback: refused at once.

@@ -61,6 +61,9 @@ const std::vector<Rowset>& rowsets() {
           {u"r.TABLE_NAME = ?", adtype::VarWChar},
           {u"r.TABLE_TYPE = ?", adtype::VarWChar}},
          u"TABLE_TYPE, TABLE_CATALOG, TABLE_SCHEMA, TABLE_NAME"},
+        // COLUMN_DEFAULT is the stored default without the parentheses the server wraps it in
+        // ("((0))" reads "(0)", "(getdate())" reads "getdate()"); a definition stored without
+        // them is given as it is rather than cut short.
         {schema::Columns,
          u"select TABLE_CATALOG = db_name(), TABLE_SCHEMA = schema_name(o.schema_id), "
          u"TABLE_NAME = o.name, COLUMN_NAME = c.name, COLUMN_GUID = convert(uniqueidentifier, null), "
@@ -68,8 +71,8 @@ const std::vector<Rowset>& rowsets() {
          u"(select count(*) from sys.columns p where p.object_id = c.object_id "
          u"and p.column_id <= c.column_id)), "
          u"COLUMN_HASDEFAULT = convert(bit, case when d.object_id is null then 0 else 1 end), "
-         u"COLUMN_DEFAULT = convert(nvarchar(4000), substring(d.definition, 2, "
-         u"len(d.definition) - 2)), "
+         u"COLUMN_DEFAULT = convert(nvarchar(4000), case when d.definition like N'(%)' "
+         u"then substring(d.definition, 2, len(d.definition) - 2) else d.definition end), "
          u"COLUMN_FLAGS = convert(bigint, case when " UPSIZER_IS_LONG u" then 130 "
          u"when t.name in (N'varchar', N'nvarchar', N'varbinary', N'sql_variant') then 0 "
          u"else 16 end + case when c.is_nullable = 1 then 96 else 0 end + case "
