@@ -47,7 +47,17 @@ private:
     bool& m_flag;
 };
 
+// Written at start-up, before any job runs, and only read afterwards.
+nxJob::FormFactory& defaultFormFactory() {
+    static nxJob::FormFactory factory;
+    return factory;
+}
+
 } // namespace
+
+void nxJob::SetDefaultFormFactory(FormFactory factory) {
+    defaultFormFactory() = std::move(factory);
+}
 
 nxJob::nxJob()
     : m_title(u"Attendere..."_s), m_logPath(nxApp::IsInit() ? nxApp::Sys().AppPath() : QString()) {}
@@ -142,8 +152,11 @@ bool nxJob::Start(const QString& statusText, bool param) {
     m_lastCount = 0;
     LogOpen();
 
-    if (m_useForm && m_formFactory) {
-        m_form = m_formFactory();
+    if (m_useForm) {
+        const FormFactory& factory = m_formFactory ? m_formFactory : defaultFormFactory();
+        if (factory) {
+            m_form = factory();
+        }
     }
     SubStatus(QString());
     Status(kNoCountYet, statusText.isEmpty() ? m_title : statusText, false);

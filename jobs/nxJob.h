@@ -101,6 +101,9 @@ public:
     bool IsRunning() const noexcept { return m_running; }
     // Lets the message queue run (Status(kPumpOnly)) and reports whether a stop was asked.
     bool Stopped();
+    // Whether a stop was asked, without letting the queue run: safe from any thread, e.g. a
+    // window that watches a job running on another one.
+    bool StopRequested() const noexcept { return m_stopped.load(); }
     // Asks to stop; with `ask` the operator confirms first. Nothing when the job may not be
     // stopped or is stopped already.
     void StopJob(bool ask);
@@ -122,6 +125,9 @@ public:
     // modal window, or a program that gave none) the job runs as with UseForm off and no
     // controls lent.
     void SetFormFactory(FormFactory factory) { m_formFactory = std::move(factory); }
+    // The window of every job that was given none of its own: the program installs it once at
+    // start-up, before any job starts; an empty factory removes it.
+    static void SetDefaultFormFactory(FormFactory factory);
     // The tick the job measures its time with, in place of the system's (tests).
     void SetClock(nxTickCounter::Clock clock);
 

@@ -356,3 +356,60 @@ TEST_F(JobTest, TheJobLogOpensForTheRunAndClosesAfter) {
 }
 
 } // namespace
+
+TEST_F(JobTest, StopRequestedAnswersWithoutLettingTheQueueRun) {
+    run([&] {
+        clock.now = 1000; // well past the next pump
+        const int before = pumps;
+        EXPECT_FALSE(job.StopRequested());
+        job.StopJob(false);
+        EXPECT_TRUE(job.StopRequested());
+        EXPECT_EQ(pumps, before);
+        EXPECT_TRUE(job.Stopped()); // the pumping answer agrees, and does pump
+        EXPECT_EQ(pumps, before + 1);
+    });
+    EXPECT_TRUE(job.StopRequested()); // still readable after the run
+    run([&] { EXPECT_FALSE(job.StopRequested()); }); // a new run starts unstopped
+}
+
+TEST_F(JobTest, TheDefaultWindowServesJobsThatHaveNoneOfTheirOwn) {
+    struct Restore {
+        ~Restore() { nxJob::SetDefaultFormFactory(nullptr); }
+    } restore;
+    FakeForm* shared = nullptr;
+    int made = 0;
+    nxJob::SetDefaultFormFactory([&] {
+        ++made;
+        return std::make_unique<FakeForm>(&shared);
+    });
+    job.UseForm(true);
+    job.Title(u"Copia"_s);
+    EXPECT_TRUE(run([&] {
+        ASSERT_NE(shared, nullptr);
+        EXPECT_TRUE(shared->modal);
+        EXPECT_EQ(shared->caption, u"Copia"_s);
+    }));
+    EXPECT_EQ(made, 1);
+
+    // A job's own factory comes before the default one.
+    FakeForm* own = nullptr;
+    job.SetFormFactory([&own] { return std::make_unique<FakeForm>(&own); });
+    EXPECT_TRUE(run([&] { EXPECT_NE(own, nullptr); }));
+    EXPECT_EQ(made, 1);
+
+    // With UseForm off the lent controls serve, whatever the default.
+    job.UseForm(false);
+    EXPECT_TRUE(run([&] { job.Status(vb::Missing{}, u"senza finestra"_s); }));
+    EXPECT_EQ(made, 1);
+    EXPECT_EQ(status.caption(), u"senza finestra"_s);
+
+    // Removed: a job with no window at all runs its work all the same.
+    nxJob::SetDefaultFormFactory(nullptr);
+    nxJob plain;
+    plain.UseForm(true);
+    bool ran = false;
+    plain.OnJob = [&](bool&, bool) { ran = true; };
+    EXPECT_TRUE(plain.Start());
+    EXPECT_TRUE(ran);
+    EXPECT_EQ(made, 1);
+}
