@@ -27,6 +27,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMouseEvent>
 #include <QProgressBar>
 #include <QProxyStyle>
 #include <QPushButton>
@@ -219,14 +220,32 @@ void frmMain::buildControls() {
     connect(txtMDBPath, &QLineEdit::textChanged, this, [this] { fieldRule(false); });
     connect(txtDbName, &QLineEdit::textChanged, this, [this] { fieldRule(true); });
     connect(cmbSqlServer, &QComboBox::editTextChanged, this, [this] { fieldRule(true); });
+    // A click on a row loads that folder's description, whether or not the row was selected
+    // already; a row chosen with the keyboard (or set by the program) loads it too.
     connect(lstMdbPath, &QListWidget::currentRowChanged, this,
             [this](int row) { lstMdbPath_Click(row); });
+    lstMdbPath->viewport()->installEventFilter(this);
+    connect(lstMdbPath, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) {
+        if (m_pressOnSelectedRow) {
+            m_pressOnSelectedRow = false;
+            lstMdbPath_Click(lstMdbPath->row(item));
+        }
+    });
     connect(cmdPath, &QPushButton::clicked, this, [this] { cmdPath_Click(); });
     connect(cmdSqlSrv, &QPushButton::clicked, this, [this] { cmdSqlSrv_Click(); });
     connect(cmdTestConn, &QPushButton::clicked, this, [this] { cmdTestConn_Click(); });
     connect(cmdImport, &QPushButton::clicked, this, [this] { cmdImport_Click(); });
     connect(cmdStop, &QPushButton::clicked, this, [this] { cmdStop_Click(); });
     connect(cmdExit, &QPushButton::clicked, this, [this] { close(); });
+}
+
+bool frmMain::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == lstMdbPath->viewport() && event->type() == QEvent::MouseButtonPress) {
+        const auto* press = static_cast<QMouseEvent*>(event);
+        const int row = lstMdbPath->indexAt(press->position().toPoint()).row();
+        m_pressOnSelectedRow = row >= 0 && row == lstMdbPath->currentRow();
+    }
+    return QWidget::eventFilter(watched, event);
 }
 
 QString frmMain::StatusText() const {

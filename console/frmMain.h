@@ -89,6 +89,9 @@ public:
     // The connection string cmdTestConn opens, from the fields as they stand.
     QString TestConnectionString() const;
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     void buildControls();
     void offerPath(const QString& path);
@@ -120,6 +123,9 @@ private:
     std::unique_ptr<WidgetJobLabel> m_recordCount;
     QThread* m_worker = nullptr;
     std::function<void()> m_runEnded;
+    // Whether the mouse went down on the row that was already selected: that click changes no
+    // row, and is told to lstMdbPath_Click by the list's click instead.
+    bool m_pressOnSelectedRow = false;
 
     QGroupBox* Frame1 = nullptr;
     QLabel* Label5 = nullptr;

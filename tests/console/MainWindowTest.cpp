@@ -236,6 +236,45 @@ TEST_F(SourcePathTest, PickingAFolderNamesItsSystemDatabase) {
     EXPECT_EQ(list("lstLog")->count(), 0);
 }
 
+// A mouse click on a row of the registered paths, as the operator makes it.
+void clickRow(QListWidget* paths, int row) {
+    const QRect area = paths->visualItemRect(paths->item(row));
+    QTest::mouseClick(paths->viewport(), Qt::LeftButton, {}, area.center());
+}
+
+TEST_F(SourcePathTest, EveryClickOnARowLoadsItsDescriptionOnce) {
+    // No config.ini: each load opens the one-byte database, and its refusal is one box.
+    const QString damaged = archiveFolder(u"guasto"_s);
+    const QString plain = archiveFolder(u"pulito"_s);
+    writeFile(plain + u"/config.ini"_s, "[Database]\r\nAltro=1\r\n");
+    registerValue(win::kHKeyCurrentUser, kGeneral, u"SharedPath"_s, damaged);
+    registerValue(win::kHKeyCurrentUser, kRecent, u"SharedPath1"_s, plain);
+    window->Form_Load();
+    window->show();
+    QListWidget* paths = list("lstMdbPath");
+    ASSERT_EQ(paths->count(), 2);
+    box->answer({win::id::kOk, win::id::kOk});
+    clickRow(paths, 0); // a new row: loaded once, not once per signal
+    EXPECT_EQ(box->shown().size(), 1U);
+    clickRow(paths, 0); // the selected row again: loaded again
+    EXPECT_EQ(box->shown().size(), 2U);
+    EXPECT_EQ(window->SourcePath(), damaged + u"/QZSystem.mdb"_s);
+
+    clickRow(paths, 1);
+    EXPECT_EQ(window->SourcePath(), plain + u"/QZSystem.mdb"_s);
+    edit("txtDbDesc")->setText(u"scritta a mano"_s);
+    clickRow(paths, 1); // config.ini without a description empties the field again
+    EXPECT_EQ(edit("txtDbDesc")->text(), QString());
+    // A press on the selected row that is let go elsewhere is no click.
+    edit("txtDbDesc")->setText(u"scritta a mano"_s);
+    QTest::mousePress(paths->viewport(), Qt::LeftButton, {},
+                      paths->visualItemRect(paths->item(1)).center());
+    QTest::mouseRelease(paths->viewport(), Qt::LeftButton, {},
+                        paths->visualItemRect(paths->item(1)).bottomRight() + QPoint(0, 40));
+    EXPECT_EQ(edit("txtDbDesc")->text(), u"scritta a mano"_s);
+    EXPECT_EQ(box->shown().size(), 2U);
+}
+
 TEST_F(SourcePathTest, TheDialogStartsAtTheTypedPathAndItsNameIsTaken) {
     const QString folder = archiveFolder(u"scelto"_s);
     dialog->answers.push_back(folder + u"/QZSystem.mdb"_s);
