@@ -70,7 +70,8 @@ void nxConn::CloseConnection(const ado::ConnectionPtr& c) const noexcept {
 }
 
 bool nxConn::schemaHasRows(int schema, const std::vector<vb::Variant>& restrictions,
-                           const QString& filter) const {
+                           const QString& filter,
+                           const std::function<void(ado::Recordset&)>& onFound) const {
     ado::ConnectionPtr c = CloneConnection();
     if (!c) {
         return false;
@@ -80,6 +81,9 @@ bool nxConn::schemaHasRows(int schema, const std::vector<vb::Variant>& restricti
         rs->setFilter(filter);
     }
     const bool found = !isEmpty(*rs);
+    if (found && onFound) {
+        onFound(*rs);
+    }
     rs->Close();
     CloseConnection(c);
     return found;
@@ -168,32 +172,26 @@ bool nxConn::ProcedureExists(const QString& Procedure) const noexcept {
 bool nxConn::IsIndexed(const QString& Table, const QString& Column,
                        std::vector<std::vector<vb::Variant>>* Rows) const noexcept {
     return IgnoreErrors(false, [&] {
-        ado::ConnectionPtr c = CloneConnection();
-        if (!c) {
-            return false;
-        }
-        ado::RecordsetPtr rs =
-            c->OpenSchema(SchemaEnum::adSchemaIndexes, {kFree, kFree, kFree, kFree, Table});
-        rs->setFilter(u"COLUMN_NAME like '"_s + Column + u'\'');
-        const bool found = !isEmpty(*rs);
-        if (found && Rows) {
-            // GetRows gives [field][row]; callers read one line per index column.
-            const auto byField =
-                rs->GetRows(ado::adGetRowsRest, {},
-                            {u"INDEX_NAME"_s, u"PRIMARY_KEY"_s, u"UNIQUE"_s, u"COLLATION"_s});
-            const std::size_t count = byField.empty() ? 0 : byField.front().size();
-            if (count > 0) {
-                Rows->assign(count, std::vector<vb::Variant>(byField.size()));
-                for (std::size_t f = 0; f < byField.size(); ++f) {
-                    for (std::size_t r = 0; r < count; ++r) {
-                        (*Rows)[r][f] = byField[f][r];
+        return schemaHasRows(
+            12, {kFree, kFree, kFree, kFree, Table}, u"COLUMN_NAME like '"_s + Column + u'\'',
+            [&](ado::Recordset& rs) {
+                if (!Rows) {
+                    return;
+                }
+                // GetRows gives [field][row]; callers read one line per index column.
+                const auto byField =
+                    rs.GetRows(ado::adGetRowsRest, {},
+                               {u"INDEX_NAME"_s, u"PRIMARY_KEY"_s, u"UNIQUE"_s, u"COLLATION"_s});
+                const std::size_t count = byField.empty() ? 0 : byField.front().size();
+                if (count > 0) {
+                    Rows->assign(count, std::vector<vb::Variant>(byField.size()));
+                    for (std::size_t f = 0; f < byField.size(); ++f) {
+                        for (std::size_t r = 0; r < count; ++r) {
+                            (*Rows)[r][f] = byField[f][r];
+                        }
                     }
                 }
-            }
-        }
-        rs->Close();
-        CloseConnection(c);
-        return found;
+            });
     });
 }
 
@@ -205,20 +203,12 @@ bool nxConn::IsInPrimaryKey(const QString& Column, const QString& Table) const n
 
 bool nxConn::HasPrimaryKey(const QString& Table, QString* IndexName) const noexcept {
     return IgnoreErrors(false, [&] {
-        ado::ConnectionPtr c = CloneConnection();
-        if (!c) {
-            return false;
-        }
-        ado::RecordsetPtr rs =
-            c->OpenSchema(SchemaEnum::adSchemaIndexes, {kFree, kFree, kFree, kFree, Table});
-        rs->setFilter(u"PRIMARY_KEY<>0"_s);
-        const bool found = !isEmpty(*rs);
-        if (found && IndexName) {
-            *IndexName = rs->Fields(u"INDEX_NAME").Value().toString();
-        }
-        rs->Close();
-        CloseConnection(c);
-        return found;
+        return schemaHasRows(12, {kFree, kFree, kFree, kFree, Table}, u"PRIMARY_KEY<>0"_s,
+                             [&](ado::Recordset& rs) {
+                                 if (IndexName) {
+                                     *IndexName = rs.Fields(u"INDEX_NAME").Value().toString();
+                                 }
+                             });
     });
 }
 

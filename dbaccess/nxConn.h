@@ -7,6 +7,7 @@
 #include <QStringList>
 
 #include <cstdint>
+#include <functional>
 #include <vector>
 
 // Questions about a live connection: does this database, table, column, key or default exist,
@@ -66,8 +67,10 @@ public:
     QString GetConstraintName(const QString& Table, const QString& Column) const noexcept;
 
 private:
+    // Whether the schema rowset, restricted and filtered, has rows; `onFound` reads them first.
     bool schemaHasRows(int schema, const std::vector<vb::Variant>& restrictions,
-                       const QString& filter) const;
+                       const QString& filter,
+                       const std::function<void(ado::Recordset&)>& onFound = {}) const;
     QString firstValue(const QString& statement, const QString& filter = {}) const;
     QStringList placedByOrdinal(int schema, const QString& table, const QString& ordinal) const;
 

@@ -19,11 +19,13 @@ bool isJet(const ado::Connection& c) {
     return c.Provider().toLower().contains(u"microsoft.jet.oledb"_s);
 }
 
-ado::adox::Column& catalogColumn(const ado::ConnectionPtr& c, const QString& table,
-                                 const QString& column, ado::adox::CatalogPtr& keep) {
-    keep = ado::adox::Catalog::create();
-    keep->setActiveConnection(c);
-    return keep->Tables().Item(table).Columns().Item(column);
+// A yes/no property of a column as ADOX reads it from a Jet file ("AutoIncrement", "Nullable").
+bool jetColumnFlag(const ado::ConnectionPtr& c, const QString& table, const QString& column,
+                   const QString& property) {
+    ado::adox::CatalogPtr catalog = ado::adox::Catalog::create();
+    catalog->setActiveConnection(c);
+    return dbaccess::boolOf(
+        catalog->Tables().Item(table).Columns().Item(column).Properties().Item(property).Value());
 }
 
 // A forward-only, read-only recordset on the server, as the catalog queries open it.
@@ -58,11 +60,7 @@ bool nxConn::IsIdentityField(const QString& Table, const QString& Column) const 
             return false;
         }
         if (isJet(*c)) {
-            ado::adox::CatalogPtr catalog;
-            return dbaccess::boolOf(catalogColumn(c, Table, Column, catalog)
-                                        .Properties()
-                                        .Item(u"AutoIncrement")
-                                        .Value());
+            return jetColumnFlag(c, Table, Column, u"AutoIncrement"_s);
         }
         // On the bound connection, so that a table created in its open transaction counts.
         ado::RecordsetPtr rs =
@@ -121,11 +119,7 @@ bool nxConn::CheckNullable(const QString& Table, const QString& Column,
             return false;
         }
         if (isJet(*c)) {
-            ado::adox::CatalogPtr catalog;
-            return dbaccess::boolOf(catalogColumn(c, Table, Column, catalog)
-                                        .Properties()
-                                        .Item(u"Nullable")
-                                        .Value()) == Nullable;
+            return jetColumnFlag(c, Table, Column, u"Nullable"_s) == Nullable;
         }
         ado::RecordsetPtr rs = openForwardOnly(
             u"select t1.TABLE_NAME, c1.COLUMN_NAME "

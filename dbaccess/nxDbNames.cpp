@@ -75,6 +75,11 @@ QString nxDb::DataTypeKind(long Type, const QString& NumberVal, const QString& S
     case 17:  // adUnsignedTinyInt
     case 131: // adNumeric
         return NumberVal;
+    // Only the national text types: every text column this system makes is one (Jet's text and
+    // memo, the server's nvarchar and ntext). The narrow adChar (129) and adVarChar (200), like
+    // adBigInt or the binary types, have no kind: a char or varchar column made by someone else
+    // on the server gets the empty answer, so nxRs::FldSet refuses values for it instead of
+    // writing text the system never checked.
     case 130: // adWChar
     case 202: // adVarWChar
     case 203: // adLongVarWChar

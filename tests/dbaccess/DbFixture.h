@@ -2,18 +2,13 @@
 
 #include "dbaccess/nxConn.h"
 #include "dbaccess/nxDb.h"
+#include "dbaccess/nxTd.h"
 
-#include "frame/nxApp.h"
-#include "frame/nxError.h"
+#include "frame/nxSys.h"
 
-#include "platform/ado/ProviderRegistry.h"
 #include "platform/ado/SchemaRowsets.h"
-#include "platform/ado/recording/RecordingProvider.h"
-#include "platform/vb/Err.h"
-#include "platform/win/FileRegistry.h"
-#include "platform/win/ScriptedMessageBox.h"
 
-#include "tests/support/CreatingServer.h"
+#include "tests/support/AppFixture.h"
 #include "tests/support/MemberOk.h"
 #include "tests/support/Printers.h"
 #include "tests/support/TestFiles.h"
@@ -32,27 +27,13 @@ using namespace Qt::StringLiterals;
 using ado::recording::Journal;
 using ado::recording::RecordingProvider;
 
-inline const QString kServerProvider = QStringLiteral("SQLOLEDB");
-inline const QString kJetProvider = QStringLiteral("Microsoft.Jet.OLEDB.4.0");
+using apptest::kJetProvider;
+using apptest::kServerProvider;
 
-// A started application object with a scripted message box and a registry of its own, and
-// recording providers in place of both back ends.
-class DbTest : public testing::Test {
+// A started application object (tests/support/AppFixture.h) with recording providers in place of
+// both back ends, and the ways to open a handle on them.
+class DbTest : public apptest::RecordingAppTest {
 protected:
-    void SetUp() override {
-        ASSERT_TRUE(dir.isValid());
-        nxApp::ResetForTesting();
-        vb::Err().Clear();
-        nxApp::SetMessageBox(box);
-        nxApp::SetRegistry(
-            std::make_shared<win::FileRegistry>(dir.file(QStringLiteral("registry"))));
-        ASSERT_TRUE(nxApp::AppInitialize(vb::Variant(), QString()));
-    }
-    void TearDown() override {
-        nxApp::ResetForTesting();
-        vb::Err().Clear();
-    }
-
     // Opens `db` on the recording server, on database QZ of server SRV01 with a SQL login,
     // and forgets what the open recorded.
     void openServer(nxDb& db, long flags = 9) {
@@ -61,12 +42,29 @@ protected:
             db.DbOpen(u"QZ"_s, flags, true, kServerProvider, u"SRV01"_s, 2, u"sa"_s, u"pw"_s));
         server->journal().clear();
     }
+    // Opens `db` on the recording server and `td` on its table `name`.
+    void openServerTable(nxDb& db, nxTd& td, const QString& name) {
+        ASSERT_NO_FATAL_FAILURE(openServer(db));
+        td.Db(&db);
+        ASSERT_MEMBER_OK(td.TdOpen(name));
+    }
     // Opens `db` on an existing (empty) file through the recording Jet provider.
     void openJet(nxDb& db, long flags = 8) {
-        const QString path = dir.file(u"qz.mdb"_s);
+        ASSERT_NO_FATAL_FAILURE(openJetFile(db, u"qz.mdb"_s, false, flags));
+    }
+    // The same on a file marked read-only, so that the handle opens read-only.
+    void openReadOnlyJet(nxDb& db) {
+        ASSERT_NO_FATAL_FAILURE(openJetFile(db, u"ro.mdb"_s, true, 8));
+        ASSERT_TRUE(db.IsReadOnly());
+    }
+    void openJetFile(nxDb& db, const QString& name, bool readOnly, long flags) {
+        const QString path = dir.file(name);
         QFile f(path);
         ASSERT_TRUE(f.open(QIODevice::WriteOnly));
         f.close();
+        if (readOnly) {
+            ASSERT_TRUE(nxApp::Sys().SetAttr(path, 1, true));
+        }
         ASSERT_MEMBER_OK(db.DbOpen(path, flags, true, kJetProvider));
         jet->journal().clear();
     }
@@ -76,13 +74,6 @@ protected:
         result.replaceInStrings(dir.path(), u"<dir>"_s);
         return result;
     }
-
-    TestDir dir;
-    std::shared_ptr<win::ScriptedMessageBox> box = std::make_shared<win::ScriptedMessageBox>();
-    std::shared_ptr<CreatingServer> server = std::make_shared<CreatingServer>();
-    std::shared_ptr<RecordingProvider> jet = std::make_shared<RecordingProvider>(kJetProvider);
-    ado::ScopedProvider serverScope{kServerProvider, server};
-    ado::ScopedProvider jetScope{kJetProvider, jet};
 };
 
 // Compares `lines` with tests/dbaccess/golden/<name>.sql as exact text; UPSIZER_UPDATE_GOLDEN=1

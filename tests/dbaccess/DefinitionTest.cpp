@@ -116,10 +116,8 @@ TEST_F(DefinitionTest, OnJetEveryDeclarationReachesTheCatalog) {
 // Failures come back as false with the member's label and never as an exception.
 TEST_F(DefinitionTest, AnUnconvertibleDefaultIsReportedAndKeepsTheBatch) {
     nxDb db;
-    openServer(db);
     nxTd td;
-    td.Db(&db);
-    ASSERT_MEMBER_OK(td.TdOpen(u"ELENCO"_s));
+    ASSERT_NO_FATAL_FAILURE(openServerTable(db, td, u"ELENCO"_s));
     ASSERT_MEMBER_OK(td.FldAdd(u"A"_s, 3, 0, FldOptional, u"1"_s));
     const QStringList before = td.BatchCommands();
     box->answer(1);
@@ -218,10 +216,8 @@ TEST_F(DefinitionTest, AnIndexThatCannotBeMadeIsReportedWithItsLabel) {
 
 TEST_F(DefinitionTest, ARefusedCreateTableRunsNoBatch) {
     nxDb db;
-    openServer(db);
     nxTd td;
-    td.Db(&db);
-    ASSERT_MEMBER_OK(td.TdOpen(u"ELENCO"_s));
+    ASSERT_NO_FATAL_FAILURE(openServerTable(db, td, u"ELENCO"_s));
     ASSERT_MEMBER_OK(td.FldAdd(u"A"_s, 3, 0, FldOptional, u"1"_s));
     server->script().onPrefix(u"create table ELENCO"_s,
                               ado::recording::Answer::failing(ado::Error(

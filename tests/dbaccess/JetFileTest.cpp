@@ -5,14 +5,10 @@
 #include "dbaccess/nxDb.h"
 #include "dbaccess/nxTd.h"
 
-#include "frame/nxApp.h"
-
 #include "platform/ado/Connection.h"
 #include "platform/ado/Recordset.h"
-#include "platform/vb/Err.h"
-#include "platform/win/FileRegistry.h"
-#include "platform/win/ScriptedMessageBox.h"
 
+#include "tests/support/AppFixture.h"
 #include "tests/support/MemberOk.h"
 #include "tests/support/Printers.h"
 #include "tests/support/TestFiles.h"
@@ -25,30 +21,25 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class JetFileTest : public testing::Test {
+class JetFileTest : public apptest::AppTest {
 protected:
     void SetUp() override {
-        ASSERT_TRUE(dir.isValid());
-        nxApp::ResetForTesting();
-        vb::Err().Clear();
+        AppTest::SetUp();
+        if (HasFatalFailure()) {
+            return;
+        }
         box->setFallback(1); // a box nobody expected is recorded, and the test fails on it
-        nxApp::SetMessageBox(box);
-        nxApp::SetRegistry(std::make_shared<win::FileRegistry>(dir.file(u"registry"_s)));
-        ASSERT_TRUE(nxApp::AppInitialize(vb::Variant(), QString()));
         path = dir.copyFixture(u"testV2000.mdb"_s);
         ASSERT_FALSE(path.isEmpty());
         db.emplace(); // after the library has started, which nxDb notes when it is made
-        ASSERT_MEMBER_OK(db->DbOpen(path, DbOpenShared, false, u"Microsoft.Jet.OLEDB.4.0"_s));
+        ASSERT_MEMBER_OK(db->DbOpen(path, DbOpenShared, false, apptest::kJetProvider));
         ASSERT_EQ(db->DbType(), 0);
     }
     void TearDown() override {
         db.reset();
-        nxApp::ResetForTesting();
-        vb::Err().Clear();
+        AppTest::TearDown();
     }
 
-    TestDir dir;
-    std::shared_ptr<win::ScriptedMessageBox> box = std::make_shared<win::ScriptedMessageBox>();
     QString path;
     std::optional<nxDb> db;
 };
@@ -84,6 +75,35 @@ TEST_F(JetFileTest, TablesColumnsAndCountsComeFromTheFile) {
     EXPECT_TRUE(box->shown().empty());
 }
 
+// On Jet the column flags are read through the catalogue of the file, where "Nullable" is the
+// opposite of Access's "Required": the yes/no column I, which Access never lets hold a null but
+// made without Required, is nullable there like the text A. No column of the table counts by
+// itself.
+TEST_F(JetFileTest, ColumnFlagsComeFromTheFilesCatalogue) {
+    nxConn& conn = *db->ConnUtils();
+    EXPECT_TRUE(conn.CheckNullable(u"Table1"_s, u"A"_s, true));
+    EXPECT_FALSE(conn.CheckNullable(u"Table1"_s, u"A"_s, false));
+    EXPECT_TRUE(conn.CheckNullable(u"Table1"_s, u"I"_s, true));
+    EXPECT_FALSE(conn.IsIdentityField(u"Table1"_s, u"E"_s));
+    QString identity = u"unchanged"_s;
+    EXPECT_FALSE(conn.HasIdentityField(u"Table1"_s, &identity));
+    EXPECT_EQ(identity, u"unchanged"_s);
+    // A column that is not there is no answer at all, and no message either.
+    EXPECT_FALSE(conn.CheckNullable(u"Table1"_s, u"Nessuno"_s, true));
+    EXPECT_FALSE(conn.CheckNullable(u"Table1"_s, u"Nessuno"_s, false));
+    EXPECT_FALSE(conn.IsIdentityField(u"Table1"_s, u"Nessuno"_s));
+
+    // Every column of the table users was made Required.
+    const QString required = dir.copyFixture(u"fixedTextTestV2000.mdb"_s);
+    ASSERT_FALSE(required.isEmpty());
+    nxDb other;
+    ASSERT_MEMBER_OK(other.DbOpen(required, DbOpenShared, false, apptest::kJetProvider));
+    EXPECT_TRUE(other.ConnUtils()->CheckNullable(u"users"_s, u"c_user_login"_s, false));
+    EXPECT_FALSE(other.ConnUtils()->CheckNullable(u"users"_s, u"c_user_login"_s, true));
+    EXPECT_TRUE(other.ConnUtils()->CheckNullable(u"users"_s, u"i_user_id"_s, false));
+    EXPECT_TRUE(box->shown().empty());
+}
+
 // nxTd on an existing table of a file: the table opens as not new, and the kinds of its columns
 // are those of the values Access stored (text, whole numbers, dates).
 TEST_F(JetFileTest, AnExistingTableOpensWithItsColumns) {
@@ -97,6 +117,7 @@ TEST_F(JetFileTest, AnExistingTableOpensWithItsColumns) {
     EXPECT_EQ(td.FldKind(u"A"_s, u"n"_s, u"s"_s, u"b"_s, u"d"_s), u"s"_s);
     EXPECT_EQ(td.FldKind(u"E"_s, u"n"_s, u"s"_s, u"b"_s, u"d"_s), u"n"_s);
     EXPECT_EQ(td.FldKind(u"G"_s, u"n"_s, u"s"_s, u"b"_s, u"d"_s), u"d"_s);
+    EXPECT_EQ(td.FldKind(u"I"_s, u"n"_s, u"s"_s, u"b"_s, u"d"_s), u"b"_s);
     EXPECT_EQ(td.FldType(u"Nessuno"_s), 0);
     EXPECT_TRUE(td.TdClose()); // nothing gathered: nothing to run
     EXPECT_TRUE(box->shown().empty());

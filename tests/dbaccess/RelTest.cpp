@@ -1,12 +1,8 @@
 #include "dbaccess/nxRel.h"
 
-#include "frame/nxSys.h"
-
 #include "platform/ado/Error.h"
 
 #include "tests/dbaccess/DbFixture.h"
-
-#include <QFile>
 
 using namespace Qt::StringLiterals;
 using namespace dbtest;
@@ -136,14 +132,8 @@ TEST_F(RelTest, OtherFailuresAreReportedAndNotRetried) {
 }
 
 TEST_F(RelTest, MissingRelationOnAReadOnlyDatabase) {
-    const QString path = dir.file(u"ro.mdb"_s);
-    {
-        QFile f(path);
-        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-    }
-    ASSERT_TRUE(nxApp::Sys().SetAttr(path, 1, true));
     nxDb db;
-    ASSERT_MEMBER_OK(db.DbOpen(path, 8, true, kJetProvider));
+    ASSERT_NO_FATAL_FAILURE(openReadOnlyJet(db));
     nxRel rel;
     rel.Db(&db);
     box->answer(1);

@@ -1,7 +1,5 @@
 #include "dbaccess/nxTd.h"
 
-#include "frame/nxSys.h"
-
 #include "platform/ado/Error.h"
 
 #include "tests/dbaccess/DbFixture.h"
@@ -124,20 +122,16 @@ TEST_F(TdTest, NewTableOnSqlServer2005IsOneCreateTableThenItsBatch) {
 
 TEST_F(TdTest, ATableNamedWithADigitFirstIsBracketed) {
     nxDb db;
-    openServer(db);
     nxTd td;
-    td.Db(&db);
-    ASSERT_MEMBER_OK(td.TdOpen(u"2023_DOC"_s));
+    ASSERT_NO_FATAL_FAILURE(openServerTable(db, td, u"2023_DOC"_s));
     EXPECT_MEMBER_OK(td.FldAdd(u"A"_s, 3, 0, FldOptional, {}));
     EXPECT_EQ(td.BuildCreateTable(), u"create table [2023_DOC] ([A] int)"_s);
 }
 
 TEST_F(TdTest, AnEmptyNewTableIsNotMade) {
     nxDb db;
-    openServer(db);
     nxTd td;
-    td.Db(&db);
-    ASSERT_MEMBER_OK(td.TdOpen(u"VUOTA"_s));
+    ASSERT_NO_FATAL_FAILURE(openServerTable(db, td, u"VUOTA"_s));
     EXPECT_FALSE(td.TdClose());
     EXPECT_TRUE(server->journal().statements().isEmpty());
     EXPECT_TRUE(box->shown().empty());
@@ -145,10 +139,8 @@ TEST_F(TdTest, AnEmptyNewTableIsNotMade) {
 
 TEST_F(TdTest, AFailedBatchStopsSilentlyAndKeepsWhatRan) {
     nxDb db;
-    openServer(db);
     nxTd td;
-    td.Db(&db);
-    ASSERT_MEMBER_OK(td.TdOpen(u"ELENCO"_s));
+    ASSERT_NO_FATAL_FAILURE(openServerTable(db, td, u"ELENCO"_s));
     ASSERT_MEMBER_OK(td.FldAdd(u"A"_s, 3, 0, FldOptional, u"1"_s));
     ASSERT_MEMBER_OK(td.FldAdd(u"B"_s, 3, 0, FldOptional, u"2"_s));
     ASSERT_MEMBER_OK(td.FldAdd(u"C"_s, 3, 0, FldOptional, u"3"_s));
@@ -169,15 +161,8 @@ TEST_F(TdTest, AFailedBatchStopsSilentlyAndKeepsWhatRan) {
 }
 
 TEST_F(TdTest, MissingTableOnAReadOnlyDatabase) {
-    const QString path = dir.file(u"ro.mdb"_s);
-    {
-        QFile f(path);
-        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-    }
-    ASSERT_TRUE(nxApp::Sys().SetAttr(path, 1, true));
     nxDb db;
-    ASSERT_MEMBER_OK(db.DbOpen(path, 8, true, kJetProvider));
-    ASSERT_TRUE(db.IsReadOnly());
+    ASSERT_NO_FATAL_FAILURE(openReadOnlyJet(db));
     nxTd td;
     td.Db(&db);
     EXPECT_FALSE(td.TdOpen(u"ARCHIVIO"_s, {}, {}, true));
@@ -192,10 +177,8 @@ TEST_F(TdTest, MissingTableOnAReadOnlyDatabase) {
 TEST_F(TdTest, OnSqlServer2000ANewTableGoesThroughTheCatalog) {
     server->script().property(u"DBMS Version"_s, u"08.00.2039"_s);
     nxDb db;
-    openServer(db);
     nxTd td;
-    td.Db(&db);
-    ASSERT_MEMBER_OK(td.TdOpen(u"[ORDINE]"_s));
+    ASSERT_NO_FATAL_FAILURE(openServerTable(db, td, u"[ORDINE]"_s));
     EXPECT_FALSE(td.Sql2005());
     EXPECT_EQ(td.IndexCatalog(), u"sysindexes"_s);
     EXPECT_MEMBER_OK(td.FldAdd(u"NOTE"_s, 203, 0, FldOptional, {}));
@@ -342,10 +325,8 @@ TEST_F(TdTest, APrimaryKeyOnAWorkingTableFirstTakesTheOldTablesKeyAway) {
         u"select object_name(id) as TBLNAMES from sysindexes where name = 'CUR_ORDINEPrimaryKey'"_s,
         ado::recording::rows({{u"TBLNAMES"_s, DataTypeEnum::adVarWChar}}, {{u"ORDINE_OLD"_s}}));
     nxDb db;
-    openServer(db);
     nxTd td;
-    td.Db(&db);
-    ASSERT_MEMBER_OK(td.TdOpen(u"ORDINE_NEW"_s));
+    ASSERT_NO_FATAL_FAILURE(openServerTable(db, td, u"ORDINE_NEW"_s));
     ASSERT_MEMBER_OK(td.FldAdd(u"IDRec"_s, 3, 0, FldAutoIncrement, {}));
     ASSERT_MEMBER_OK(td.IdxAdd(u"PrimaryKey"_s, u"+IDRec"_s, 7));
     const QString drop = u"if exists(select * from sysindexes where name = 'CUR_ORDINEPrimaryKey') "
