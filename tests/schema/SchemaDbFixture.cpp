@@ -8,20 +8,6 @@ using namespace Qt::StringLiterals;
 
 namespace schematest {
 
-void AppTest::SetUp() {
-    ASSERT_TRUE(dir.isValid());
-    nxApp::ResetForTesting();
-    vb::Err().Clear();
-    nxApp::SetMessageBox(box);
-    nxApp::SetRegistry(std::make_shared<win::FileRegistry>(dir.file(u"registry"_s)));
-    ASSERT_TRUE(nxApp::AppInitialize(vb::Variant(), QString()));
-}
-
-void AppTest::TearDown() {
-    nxApp::ResetForTesting();
-    vb::Err().Clear();
-}
-
 QString SchemaDbTest::jetFile(const QString& name) {
     const QString path = dir.file(name);
     QFile f(path);
