@@ -55,9 +55,11 @@ DbImport::~DbImport() {
 void DbImport::Stopped(bool /*value*/) {
     // Before the record job exists nothing is running that could stop, and the flag keeps its
     // value: the checks and the creation of the database cannot be stopped.
+    // The flag is read back without letting the message queue run: the window's thread may be
+    // the caller while the run's own thread is inside the job.
     if (nxRsJob* job = m_job.load()) {
         job->Job().StopJob(true);
-        m_stopped = job->Job().Stopped();
+        m_stopped = job->Job().StopRequested();
     }
 }
 

@@ -47,6 +47,10 @@ bool DbImportPhases::CreateTableIndexes(QString& table) {
     return m_parts->indexes.CreateTableIndexes(table);
 }
 
+bool DbImportPhases::StoreDescription(const QString& description) {
+    return engine::StoreDescription(m_run.dest, description);
+}
+
 void DbImportPhases::SaveConfiguration(const QString& dbSrc, const QString& serverName,
                                        const QString& databaseName, const QString& description,
                                        const QString& username, const QString& password) {

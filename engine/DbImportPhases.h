@@ -54,6 +54,9 @@ public:
     QString GetCreateTableSql(const QString& table);
     // The primary key and indexes of an archive or dictionary on the destination.
     bool CreateTableIndexes(QString& table);
+    // The description of the new database, when the source left it empty; false when the
+    // server refused the update.
+    bool StoreDescription(const QString& description);
     // config.ini beside the source: the seven keys of the new database.
     void SaveConfiguration(const QString& dbSrc, const QString& serverName,
                            const QString& databaseName, const QString& description,

@@ -160,20 +160,11 @@ DbImport::Next DbImport::importDictionaries() {
 // Step 28: the description of the new database (one copied from the source stays), then
 // config.ini. An apostrophe in the description makes the update fail into the trap.
 DbImport::Next DbImport::finishConfiguration() {
-    m_list = std::make_shared<ado::Recordset>();
-    m_list->setCursorLocation(ado::CursorLocationEnum::adUseServer);
-    m_list->Open(u"select DESCRIZIONE from QZSYSTEM"_s, m_dest->cn(),
-                 ado::CursorTypeEnum::adOpenForwardOnly, ado::LockTypeEnum::adLockReadOnly);
-    const vb::Variant description = firstValue(*m_list);
-    if (description.isNull() || description.toString().isEmpty()) {
-        if (!m_dest->Execute(u"update QZSYSTEM set DESCRIZIONE='"_s + m_dbDesc + u"'"_s, true,
-                             kNoRecords)) {
-            raiseLastError();
-        }
+    if (!m_phases->StoreDescription(m_dbDesc)) {
+        raiseLastError();
     }
     m_phases->SaveConfiguration(m_dbSrc, m_dbServerName, m_dbName, m_dbDesc, m_dbUsername,
                                 m_dbPassword);
     m_ok = true;
     return Next::Continue;
 }
-

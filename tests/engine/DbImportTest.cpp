@@ -5,6 +5,7 @@
 #include "platform/ado/recording/RecordingProvider.h"
 #include "platform/win/Shell.h"
 
+#include "tests/engine/DbImportEventLog.h"
 #include "tests/engine/DbImportFixture.h"
 
 #include <functional>
@@ -13,69 +14,6 @@ using namespace enginetest;
 using ado::recording::RecordingProvider;
 
 namespace {
-
-// Every event as one line, in the order of arrival.
-class EventLog : public DbImportEvents {
-public:
-    QStringList lines;
-    // What the window does when a system table starts (a press of the stop button).
-    std::function<void()> onSysTable;
-
-    void EVTImportStart() override { lines << u"ImportStart"_s; }
-    void EVTImportEnd() override { lines << u"ImportEnd"_s; }
-    void EVTSysTableImportStart(std::int16_t last) override {
-        lines << u"SysTableImportStart %1"_s.arg(last);
-    }
-    void EVTTableImportStart(std::int32_t count) override {
-        lines << u"TableImportStart %1"_s.arg(count);
-    }
-    void EVTTableImportEnd() override { lines << u"TableImportEnd"_s; }
-    void EVTSysTableImporting(std::int16_t index, const QString& table) override {
-        lines << u"SysTableImporting %1 %2"_s.arg(QString::number(index), table);
-        if (onSysTable) {
-            onSysTable();
-        }
-    }
-    void EVTUserTableImportStart(std::int16_t count) override {
-        lines << u"UserTableImportStart %1"_s.arg(count);
-    }
-    void EVTUserTableImporting(std::int16_t index, const QString& table,
-                               const vb::Variant& description) override {
-        lines << u"UserTableImporting %1 %2 (%3)"_s.arg(QString::number(index), table,
-                                                          description.toString());
-    }
-    void EVTUserTableCreating(const QString& table, const vb::Variant&) override {
-        lines << u"UserTableCreating "_s + table;
-    }
-    void EVTUserTableDataCopy(const QString& table, const vb::Variant&) override {
-        lines << u"UserTableDataCopy "_s + table;
-    }
-    void EVTUserTableIndexCreating(const QString& table, const vb::Variant&) override {
-        lines << u"UserTableIndexCreating "_s + table;
-    }
-    void EVTUserTableNotExisting(const QString& table, const vb::Variant&) override {
-        lines << u"UserTableNotExisting "_s + table;
-    }
-    void EVTDictionayImportStart(std::int16_t count) override {
-        lines << u"DictionaryImportStart %1"_s.arg(count);
-    }
-    void EVTDictionaryImporting(std::int16_t index, const QString& table) override {
-        lines << u"DictionaryImporting %1 %2"_s.arg(QString::number(index), table);
-    }
-    void EVTDictionaryCreating(const QString& table, std::int16_t step) override {
-        lines << u"DictionaryCreating %1 %2"_s.arg(table, QString::number(step));
-    }
-    void EVTDictionaryNotExisting(const QString& table) override {
-        lines << u"DictionaryNotExisting "_s + table;
-    }
-    void EVTRecordImporting(std::int32_t current, std::int32_t total) override {
-        lines << u"RecordImporting %1 %2"_s.arg(current).arg(total);
-    }
-    void EVTError(std::int32_t kind, const QString& text, bool askViewLog) override {
-        lines << u"Error %1 %2%3"_s.arg(QString::number(kind), askViewLog ? u"[log] "_s : QString(),
-                                         text);
-    }
-};
 
 struct CreateCall {
     QString name;
@@ -184,8 +122,18 @@ TEST_F(DbImportTest, RefusedLoginEndsInTheTrap) {
     EXPECT_FALSE(QFile::exists(dir.file(u"ConversionLog.txt"_s)));
 }
 
-TEST_F(DbImportTest, HardFindingsStopTheRunWithTheLog) {
-    const QString source = copySource(u"findings-dates"_s);
+// What the server would refuse ends the run after the verification, whatever the finding: the
+// operator is sent to the log, which names it under its archive; nothing reaches the server but
+// the master's questions, the log is left without its closing line, and the source keeps its name.
+struct HardFinding {
+    const char* source;
+    QStringList finding; // the lines under the archive's heading
+};
+
+class HardFindingTest : public DbImportTest, public testing::WithParamInterface<HardFinding> {};
+
+TEST_P(HardFindingTest, EndsTheRunWithTheLog) {
+    const QString source = copySource(QString::fromLatin1(GetParam().source));
     SKIP_WITHOUT_SOURCE(source);
     EXPECT_FALSE(start(source));
     const QString log = dir.file(u"ConversionLog.txt"_s);
@@ -193,8 +141,55 @@ TEST_F(DbImportTest, HardFindingsStopTheRunWithTheLog) {
               (QStringList{u"Error 6 Inizio verifica database sorgente..."_s,
                            u"Error 5 [log] Per maggiori dettagli verificare il log contenuto in "_s +
                                log + u" e correggere i problemi ivi elencati."_s}));
+    EXPECT_TRUE(box->shown().empty());
     EXPECT_TRUE(creates.empty());
-    EXPECT_TRUE(logLines().contains(u"     Campi data non validi:"_s));
+    EXPECT_TRUE(server->journal().statements().isEmpty())
+        << server->journal().statements().join(u'\n').toStdString();
+    const QStringList lines = logLines();
+    const qsizetype heading =
+        lines.indexOf(u"Anomalie tabella D_ANOMALIE (Archivio con anomalie)"_s);
+    ASSERT_GE(heading, 0) << lines.join(u'\n').toStdString();
+    EXPECT_EQ(lines.mid(heading + 1, GetParam().finding.size()), GetParam().finding);
+    EXPECT_FALSE(lines.contains(u"Fine procedura di conversione."_s));
+    EXPECT_TRUE(QFile::exists(source));
+    EXPECT_FALSE(QFile::exists(source + u".old"_s));
+    EXPECT_FALSE(QFile::exists(dir.file(u"config.ini"_s)));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Sources, HardFindingTest,
+    testing::Values(
+        HardFinding{"findings-dates",
+                    {u"     Campi data non validi:"_s, u"          Campo [DATA_DOC]"_s,
+                     u"               SYS_RECORD: 1 (15/03/1700)"_s,
+                     u"               SYS_RECORD: 3 (31/12/1752 23:59:59)"_s}},
+        HardFinding{"findings-nullkey",
+                    {u"     Campi della chiave primaria con valori nulli:"_s,
+                     u"          Campo [CHIAVE]"_s}},
+        HardFinding{"findings-memoindex",
+                    {u"     Indice 'NOTE': Campo 'NOTE' di tipo MEMO."_s,
+                     u"          In SQL Server non è possibile indicizzare un campo di tipo MEMO."_s,
+                     u"          Modificare il tipo dei campi o la definizione degli indici sopra elencati."_s}}),
+    [](const testing::TestParamInfo<HardFinding>& param) {
+        return QString::fromLatin1(param.param.source).mid(9).toStdString();
+    });
+
+// An index of exactly 900 bytes is no finding: no question, and the run goes on to create the
+// database.
+TEST_F(DbImportTest, AnIndexOfExactly900BytesPassesWithoutAQuestion) {
+    const QString source = copySource(u"findings-index900"_s);
+    SKIP_WITHOUT_SOURCE(source);
+    EXPECT_FALSE(start(source));
+    EXPECT_TRUE(box->shown().empty());
+    EXPECT_EQ(events.lines,
+              (QStringList{u"Error 6 Inizio verifica database sorgente..."_s,
+                           u"Error 6 Verifica database sorgente completata."_s,
+                           u"Error 6 Creazione database 'Archivio2024' su SRV01."_s,
+                           u"Error 1 Errore di creazione database Archivio2024"_s}));
+    EXPECT_EQ(creates.size(), 1u);
+    const QStringList lines = logLines();
+    EXPECT_FALSE(lines.contains(u"     Indice LUNGO di lunghezza eccessiva."_s));
+    EXPECT_FALSE(lines.contains(u"Anomalie tabella D_ANOMALIE (Archivio con anomalie)"_s));
     EXPECT_TRUE(QFile::exists(source));
 }
 
