@@ -9,6 +9,7 @@
 #include "platform/win/MousePointer.h"
 
 #include <cmath>
+#include <ctime>
 #include <limits>
 
 using namespace Qt::StringLiterals;
@@ -47,6 +48,21 @@ private:
     bool& m_flag;
 };
 
+// The job reads the time at every Status, that is at every record of a walk: a clock that the
+// kernel only moves every few milliseconds answers several times faster than the precise one,
+// and a job needs no more than the 250 ms of its pump and the seconds of its estimate.
+std::int32_t coarseTick() {
+#ifdef CLOCK_MONOTONIC_COARSE
+    timespec now{};
+    if (clock_gettime(CLOCK_MONOTONIC_COARSE, &now) == 0) {
+        const auto ms = static_cast<std::uint64_t>(now.tv_sec) * 1000u +
+                        static_cast<std::uint64_t>(now.tv_nsec) / 1000000u;
+        return static_cast<std::int32_t>(static_cast<std::uint32_t>(ms));
+    }
+#endif
+    return nxApp::Sys().TickCount();
+}
+
 // Written at start-up, before any job runs, and only read afterwards.
 nxJob::FormFactory& defaultFormFactory() {
     static nxJob::FormFactory factory;
@@ -60,7 +76,8 @@ void nxJob::SetDefaultFormFactory(FormFactory factory) {
 }
 
 nxJob::nxJob()
-    : m_title(u"Attendere..."_s), m_logPath(nxApp::IsInit() ? nxApp::Sys().AppPath() : QString()) {}
+    : m_title(u"Attendere..."_s), m_logPath(nxApp::IsInit() ? nxApp::Sys().AppPath() : QString()),
+      m_counter(&coarseTick) {}
 
 nxJob::~nxJob() = default;
 
@@ -99,8 +116,11 @@ bool nxJob::LogOpen() {
     return Log().LogOpen(m_logTitle.isEmpty() ? m_title : m_logTitle, nullptr, true);
 }
 
+// Status(kPumpOnly) without making its arguments: a walk asks at every record.
 bool nxJob::Stopped() {
-    Status(kPumpOnly, QString(), false);
+    if (m_running) {
+        pumpIfDue(m_counter.Check());
+    }
     return m_stopped;
 }
 
@@ -228,6 +248,10 @@ void nxJob::Status(const vb::Variant& count, const QString& text, bool cycle) {
             updateCount(value, cycle, tick);
         }
     }
+    pumpIfDue(tick);
+}
+
+void nxJob::pumpIfDue(std::int32_t tick) {
     if (tick > m_lastPumpTick + kPumpEvery) {
         nxApp::DoEvents();
         m_lastPumpTick = tick;
@@ -246,31 +270,41 @@ void nxJob::updateStatusText(const QString& text) {
 }
 
 // A straight line through the time gone: recomputed at most every 2 seconds, not at all in
-// the first 5.
+// the first 5. Shown only when its text changes; the common call, between two recomputations,
+// touches no text at all.
 void nxJob::updateEstimate(std::int32_t count, std::int32_t tick) {
-    QString text = m_lastETA;
-    if (m_showETA && count >= 0) {
-        if (tick <= kFirstEstimateAfter) {
-            text = u"Calcolo tempo rimanente"_s;
-        } else if (tick > m_lastETATick + kEstimateEvery) {
-            if (count > 0) {
-                const double done = std::min(count, m_maxCount);
-                const double left =
-                    std::min(static_cast<double>(tick) / done * (m_maxCount - done), 2147483647.0);
-                text = u"circa "_s + m_counter.FormatTick(static_cast<std::int32_t>(left), false) +
-                       u" al termine"_s;
-            }
-            m_lastETATick = tick;
-        }
-    }
-    if (count >= 0 && text == m_lastETA) {
+    if (count < 0) {
+        setEstimate(u"Attendere"_s);
         return;
     }
-    if (count < 0) {
-        text = u"Attendere"_s;
+    if (!m_showETA) {
+        return;
     }
+    if (tick <= kFirstEstimateAfter) {
+        if (m_lastETA != QStringView(u"Calcolo tempo rimanente")) {
+            setEstimate(u"Calcolo tempo rimanente"_s);
+        }
+        return;
+    }
+    if (tick <= m_lastETATick + kEstimateEvery) {
+        return;
+    }
+    m_lastETATick = tick;
+    if (count > 0) {
+        const double done = std::min(count, m_maxCount);
+        const double left =
+            std::min(static_cast<double>(tick) / done * (m_maxCount - done), 2147483647.0);
+        QString text = u"circa "_s + m_counter.FormatTick(static_cast<std::int32_t>(left), false) +
+                       u" al termine"_s;
+        if (text != m_lastETA) {
+            setEstimate(std::move(text));
+        }
+    }
+}
+
+void nxJob::setEstimate(QString text) {
     showText(kETASlot, text + u"..."_s);
-    m_lastETA = text;
+    m_lastETA = std::move(text);
 }
 
 void nxJob::updateCount(double count, bool cycle, std::int32_t tick) {

@@ -134,6 +134,8 @@ public:
 private:
     void updateStatusText(const QString& text);
     void updateEstimate(std::int32_t count, std::int32_t tick);
+    void setEstimate(QString text);
+    void pumpIfDue(std::int32_t tick);
     void updateCount(double count, bool cycle, std::int32_t tick);
     void moveBar(double count);
     void showText(int slot, QString text);

@@ -167,11 +167,19 @@ void nxRs::noteCursor() {
                         m_rs->CursorType() == ado::CursorTypeEnum::adOpenKeyset;
     m_hasPosition = m_rs->Supports(ado::adApproxPosition) ||
                     m_rs->Properties().find(u"IRowsetLocate"_s) != nullptr;
+    m_keepReads = m_rs->LockType() == ado::LockTypeEnum::adLockReadOnly;
+    forgetReads();
+}
+
+void nxRs::forgetReads() noexcept {
+    m_read.assign(m_values.size(), 0);
+    m_posHere = m_validHere = false;
 }
 
 void nxRs::readFields() {
     const int count = static_cast<int>(m_rs->Fields().Count());
     m_values.assign(static_cast<std::size_t>(count), vb::Variant());
+    forgetReads();
     m_stale = true;
     m_isKey.assign(static_cast<std::size_t>(count), false);
     m_idField = -1;
@@ -240,6 +248,8 @@ void nxRs::RsClose() noexcept {
     m_idSetByHand = false;
     m_isOpened = false;
     m_isEditing = m_isNewRec = false;
+    m_keepReads = false;
+    forgetReads();
 }
 
 bool nxRs::Requery(bool Silent) noexcept {
@@ -251,6 +261,7 @@ bool nxRs::Requery(bool Silent) noexcept {
     const ado::LockTypeEnum lock = m_rs->LockType();
     IgnoreErrors([&] { m_rs->Close(); });
     m_isOpened = false;
+    forgetReads();
     const QString sql = rs::JoinSource(m_parts);
     nxApp::DoEvents();
     try {

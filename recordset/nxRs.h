@@ -175,6 +175,8 @@ private:
     void storeField(int index, const vb::Variant& value);
     bool useUnderlying() const;
     void loadValues();
+    void forgetReads() noexcept;
+    bool positionIsValid() noexcept;
     bool readField(int index, vb::Variant& value);
     bool recValue(int index, const vb::Variant& field, vb::Variant& value, bool silent);
     bool convertForField(int index, vb::Variant& value, bool silent);
@@ -198,6 +200,13 @@ private:
     bool m_stale = false;           // the copy still holds the record before the last move
     bool m_underlyingOnJet = false; // a Jet keyset cursor that may write: see useUnderlying
     bool m_hasPosition = false;     // the cursor knows its records' positions
+    // A read-only recordset cannot change the row it stands on: what was read there holds until
+    // the next move, as ADO's own row buffer does. A walk reads each value once, and asks for
+    // the record's validity (a read of its first field) and its position at every record.
+    bool m_keepReads = false;
+    std::vector<unsigned char> m_read; // per field: the copy holds the value read here
+    bool m_posHere = false;            // IsValidPos said yes since the last move
+    bool m_validHere = false;          // IsValidRec said yes since the last move
     std::vector<bool> m_isKey;
     int m_idField = -1;
     bool m_idSetByHand = false;

@@ -236,8 +236,12 @@ bool nxRs::updateFailed(bool silent, bool cancelOnError, bool& undo, bool& edit,
         return false;
     }
     const long status = IgnoreErrors(0L, [&] { return m_rs->Status(); });
-    if (status == ado::adRecInvalid || status == ado::adRecConcurrencyViolation) {
-        retry = true; // the row was changed under us
+    // Only a record the provider could no longer find as it was (0x10) is tried again, after a
+    // wait, with the row as it now stands. A refusal of the optimistic check
+    // (adRecConcurrencyViolation, 0x800) is no reason to try again: it falls to the last case
+    // with the other statuses, the edit is undone and the failure reported.
+    if (status == ado::adRecInvalid) {
+        retry = true;
         undo = true;
     } else if (status == ado::adRecCanceled) {
         err.Description = u"Errore nel salvataggio del record."_s;

@@ -281,15 +281,14 @@ bool nxRs::FldModified(const vb::Variant& Field) noexcept {
 
 vb::Variant nxRs::FldGet(const vb::Variant& Field, const vb::Variant& Default) noexcept {
     int i = -1;
-    if (!FldExist(Field, &i) || !IsValidPos()) {
+    if (!FldExist(Field, &i) || !positionIsValid()) {
         return Default;
     }
-    vb::Variant& copy = m_values[static_cast<std::size_t>(i)];
-    if (!m_isEditing) {
-        vb::Variant fresh;
-        if (recValue(i, Field, fresh, false)) {
-            copy = std::move(fresh);
-        }
+    const auto at = static_cast<std::size_t>(i);
+    vb::Variant& copy = m_values[at];
+    // Read straight into the copy: a value the provider cannot give leaves it as it was.
+    if (!m_isEditing && m_read[at] == 0 && recValue(i, Field, copy, false) && m_keepReads) {
+        m_read[at] = 1;
     }
     return copy.isNull() ? Default : copy;
 }

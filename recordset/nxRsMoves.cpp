@@ -26,16 +26,43 @@ bool nxRs::IsValidPos() const noexcept {
     return m_isOpened && !Bof() && !Eof();
 }
 
-// A row deleted under the cursor can no longer be read: its first field tells.
+// IsValidPos, asked of the cursor once per position when the recordset keeps its reads.
+bool nxRs::positionIsValid() noexcept {
+    if (m_posHere) {
+        return true;
+    }
+    const bool valid = IsValidPos();
+    m_posHere = valid && m_keepReads;
+    return valid;
+}
+
+// A row deleted under the cursor can no longer be read: its first field tells. A recordset that
+// keeps its reads keeps that value as the copy of the field, and the answer until it moves.
 bool nxRs::IsValidRec() noexcept {
-    if (!IsValidPos()) {
+    if (m_validHere) {
+        return true;
+    }
+    if (!positionIsValid()) {
         return false;
     }
     if (m_isNewRec) {
         return true;
     }
-    vb::Variant first;
-    return FldCount() > 0 && FldRecValue(0, first, true);
+    if (FldCount() == 0) {
+        return false;
+    }
+    if (!m_keepReads) {
+        vb::Variant first;
+        return FldRecValue(0, first, true);
+    }
+    if (m_read[0] == 0) {
+        if (!FldRecValue(0, m_values[0], true)) {
+            return false;
+        }
+        m_read[0] = 1;
+    }
+    m_validHere = true;
+    return true;
 }
 
 bool nxRs::IsUpdatable() const noexcept {
@@ -150,11 +177,12 @@ bool nxRs::tryMove(int kind, bool silent) {
 }
 
 void nxRs::onMoveComplete(ado::EventReasonEnum reason) {
+    forgetReads();
     // The row an edit stood on was deleted: the edit has nothing left to write.
     if (reason == ado::EventReasonEnum::adRsnDelete && m_isEditing) {
         CancelUpdate(false, true);
     }
-    if (IsValidPos()) {
+    if (positionIsValid()) {
         const bool adding =
             IgnoreErrors(false, [&] { return m_rs->EditMode() == ado::EditModeEnum::adEditAdd; });
         if (!adding) {

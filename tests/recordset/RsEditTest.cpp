@@ -199,4 +199,51 @@ TEST_F(RsTest, AnUpdateThatFailsWithUndoOffKeepsTheEditOpenWithTheTypedValues) {
     EXPECT_TRUE(rowChanges().back().contains(u"-5"_s)) << rowChanges().back().toStdString();
 }
 
+// A read-only recordset can't change the row it stands on: a walk that asks for the record's
+// validity, its position and every field twice reads each value from the provider once, and a
+// move, a requery or a recordset that may write reads again.
+TEST_F(RsTest, AReadOnlyRecordsetReadsEachValueOnceARecordAndAfreshAfterAMove) {
+    ASSERT_MEMBER_OK(openTable(1));
+    const int fields = rs.FldCount();
+    ASSERT_EQ(fields, 6);
+    long before = *provider->reads - 1; // opening read the first field of the first record
+    for (std::int32_t row = 1; row <= 3; ++row) {
+        EXPECT_TRUE(rs.IsValidRec());
+        EXPECT_EQ(rs.Position(), row);
+        for (int pass = 0; pass < 2; ++pass) {
+            EXPECT_EQ(id(rs), row);
+            EXPECT_EQ(rs.FldGet(u"NOME"_s), vb::Variant(u"Nome "_s + QString::number(row)));
+            EXPECT_EQ(rs.FldGet(2), vb::Variant(std::int32_t{20 + row}));
+            EXPECT_EQ(rs.FldGet(u"NATO"_s), vb::Variant(vb::makeDate(2000, 1, row)));
+            EXPECT_EQ(rs.FldGet(4), vb::Variant(row % 2 == 0));
+            EXPECT_FALSE(rs.FldIsNull(u"CODICE"_s));
+        }
+        EXPECT_EQ(*provider->reads - before, fields) << "record " << row;
+        before = *provider->reads;
+        EXPECT_EQ(rs.MoveNext(false, true), row < 3);
+    }
+    EXPECT_TRUE(rs.Eof());
+    EXPECT_EQ(rs.FldGet(u"NOME"_s, u"-"_s), vb::Variant(u"-"_s)); // past the end: no record
+
+    ASSERT_TRUE(rs.MoveLast(true));
+    EXPECT_EQ(id(rs), 3);
+    ASSERT_TRUE(rs.Requery(true)); // back on the first record: its own values
+    EXPECT_EQ(id(rs), 1);
+    EXPECT_EQ(rs.FldGet(u"NOME"_s), vb::Variant(u"Nome 1"_s));
+    ASSERT_TRUE(rs.MoveFirst(true));
+    EXPECT_EQ(rs.FldGet(u"ETA"_s), vb::Variant(std::int32_t{21}));
+    EXPECT_TRUE(box->shown().empty());
+}
+
+TEST_F(RsTest, ARecordsetThatMayWriteReadsTheProviderAtEveryFldGet) {
+    ASSERT_MEMBER_OK(openTable(3));
+    const long before = *provider->reads;
+    EXPECT_EQ(id(rs), 1);
+    EXPECT_EQ(id(rs), 1);
+    EXPECT_EQ(*provider->reads - before, 2);
+    // A row deleted by someone else since the move shows at once.
+    provider->unreadable->insert(1);
+    EXPECT_FALSE(rs.IsValidRec());
+}
+
 } // namespace

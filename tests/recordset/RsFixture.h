@@ -23,14 +23,15 @@ using UnreadableRows = std::set<std::int32_t>;
 
 // A rowset that passes everything to another and fails the changes a test lines up: each
 // insert or update takes the next error of its queue, if there is one. The values of the rows in
-// `unreadable` fail with a provider error.
+// `unreadable` fail with a provider error. `reads` counts the values asked for.
 class FaultyRowset : public ado::ProviderRowset {
 public:
     FaultyRowset(std::unique_ptr<ado::ProviderRowset> inner,
                  std::shared_ptr<std::deque<std::optional<ado::Error>>> faults,
-                 std::shared_ptr<int> changes, std::shared_ptr<UnreadableRows> unreadable)
+                 std::shared_ptr<int> changes, std::shared_ptr<UnreadableRows> unreadable,
+                 std::shared_ptr<long> reads)
         : m_inner(std::move(inner)), m_faults(std::move(faults)), m_changes(std::move(changes)),
-          m_unreadable(std::move(unreadable)) {}
+          m_unreadable(std::move(unreadable)), m_reads(std::move(reads)) {}
 
     const std::vector<ado::ColumnInfo>& columns() const override { return m_inner->columns(); }
     ado::CursorTypeEnum cursorType() const override { return m_inner->cursorType(); }
@@ -40,6 +41,7 @@ public:
     ado::RowId rowId() const override { return m_inner->rowId(); }
     bool seek(ado::RowId id) override { return m_inner->seek(id); }
     vb::Variant value(int column) override {
+        ++*m_reads;
         if (!m_unreadable->empty() &&
             m_unreadable->count(m_inner->value(0).toLong().value_or(-1)) != 0) {
             throw ado::Error(ado::HResult::E_UNSPECIFIED, u"Row handle referred to a deleted row"_s,
@@ -75,15 +77,17 @@ private:
     std::shared_ptr<std::deque<std::optional<ado::Error>>> m_faults;
     std::shared_ptr<int> m_changes;
     std::shared_ptr<UnreadableRows> m_unreadable;
+    std::shared_ptr<long> m_reads;
 };
 
 class FaultySession : public ado::ProviderSession {
 public:
     FaultySession(std::unique_ptr<ado::ProviderSession> inner,
                   std::shared_ptr<std::deque<std::optional<ado::Error>>> faults,
-                  std::shared_ptr<int> changes, std::shared_ptr<UnreadableRows> unreadable)
+                  std::shared_ptr<int> changes, std::shared_ptr<UnreadableRows> unreadable,
+                  std::shared_ptr<long> reads)
         : m_inner(std::move(inner)), m_faults(std::move(faults)), m_changes(std::move(changes)),
-          m_unreadable(std::move(unreadable)) {}
+          m_unreadable(std::move(unreadable)), m_reads(std::move(reads)) {}
 
     QString connectionString() const override { return m_inner->connectionString(); }
     std::vector<ado::PropertyValue> properties() const override { return m_inner->properties(); }
@@ -92,7 +96,7 @@ public:
         ado::CommandResult result = m_inner->execute(request);
         if (result.rowset) {
             result.rowset = std::make_unique<FaultyRowset>(std::move(result.rowset), m_faults,
-                                                           m_changes, m_unreadable);
+                                                           m_changes, m_unreadable, m_reads);
         }
         return result;
     }
@@ -111,6 +115,7 @@ private:
     std::shared_ptr<std::deque<std::optional<ado::Error>>> m_faults;
     std::shared_ptr<int> m_changes;
     std::shared_ptr<UnreadableRows> m_unreadable;
+    std::shared_ptr<long> m_reads;
 };
 
 // The recording provider in place of "SQLOLEDB", with faults on row changes.
@@ -121,11 +126,12 @@ public:
         std::make_shared<std::deque<std::optional<ado::Error>>>();
     std::shared_ptr<int> changes = std::make_shared<int>(0);
     std::shared_ptr<UnreadableRows> unreadable = std::make_shared<UnreadableRows>();
+    std::shared_ptr<long> reads = std::make_shared<long>(0);
 
     QString name() const override { return recording.name(); }
     std::unique_ptr<ado::ProviderSession> open(const ado::OpenRequest& request) override {
         return std::make_unique<FaultySession>(recording.open(request), faults, changes,
-                                               unreadable);
+                                               unreadable, reads);
     }
     void createDatabase(const ado::ConnectionString& c) override { recording.createDatabase(c); }
 };

@@ -1,6 +1,5 @@
-// nxRs against a real server: the one named by UPSIZER_TEST_SERVER ("host,port"), logging in as
-// UPSIZER_TEST_USER with UPSIZER_TEST_PASSWORD. The suite makes a database of its own, works in
-// it and drops it. Without UPSIZER_TEST_SERVER every test reports itself skipped.
+// nxRs against the real server of tests/support/RealServer.h. The suite makes a database of its
+// own, works in it and drops it. Without UPSIZER_TEST_SERVER every test reports itself skipped.
 //
 // Where a PostgreSQL with T-SQL extensions answers in place of SQL Server, the texts of its
 // errors are its own (a duplicate key reads "duplicate key value violates unique constraint"),
@@ -14,8 +13,7 @@
 #include "platform/ado/Recordset.h"
 
 #include "tests/frame/FrameFixture.h"
-
-#include <QCoreApplication>
+#include "tests/support/RealServer.h"
 
 #include <iostream>
 
@@ -23,36 +21,16 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString env(const char* name) {
-    return qEnvironmentVariable(name);
-}
-
-ado::ConnectionPtr openServer(const QString& database) {
-    QString s = u"Provider=SQLOLEDB;Data Source="_s + env("UPSIZER_TEST_SERVER") + u";User ID="_s +
-                env("UPSIZER_TEST_USER") + u";Password=\""_s +
-                env("UPSIZER_TEST_PASSWORD").replace(u"\""_s, u"\"\""_s) +
-                u"\";Connect Timeout=5"_s;
-    if (!database.isEmpty()) {
-        s += u";Initial Catalog="_s + database;
-    }
-    ado::ConnectionPtr c = ado::Connection::create();
-    c->Open(s);
-    return c;
-}
-
 class RsServerTest : public FrameTest {
 protected:
     static void SetUpTestSuite() {
-        if (env("UPSIZER_TEST_SERVER").isEmpty()) {
+        if (!realserver::isNamed()) {
             return;
         }
-        s_database = u"upsizer_rs%1"_s.arg(QCoreApplication::applicationPid());
+        s_database = realserver::scratchName(u"rs"_s);
         try {
-            ado::ConnectionPtr master = openServer({});
-            master->Execute(u"if db_id('%1') is not null drop database %1"_s.arg(s_database));
-            master->Execute(u"create database "_s + s_database);
-            master->Close();
-            ado::ConnectionPtr c = openServer(s_database);
+            realserver::recreateDatabase(s_database);
+            ado::ConnectionPtr c = realserver::open(s_database);
             c->Execute(u"create table RSPROVA (ID int identity(1,1) not null primary key, "
                        u"CODICE nvarchar(20) not null, NOME nvarchar(50) null)"_s);
             c->Execute(u"create unique index IX_RSPROVA_CODICE on RSPROVA (CODICE)"_s);
@@ -67,22 +45,19 @@ protected:
             return;
         }
         try {
-            ado::ConnectionPtr master = openServer({});
-            master->Execute(u"drop database "_s + s_database);
+            realserver::dropDatabase(s_database);
         } catch (const ado::Error& e) {
             std::cerr << "could not drop " << s_database.toStdString() << ": "
                       << e.description().toStdString() << '\n';
         }
     }
     void SetUp() override {
-        if (env("UPSIZER_TEST_SERVER").isEmpty()) {
-            GTEST_SKIP() << "UPSIZER_TEST_SERVER is not set: no real server to test nxRs on";
-        }
+        REQUIRE_REAL_SERVER();
         ASSERT_TRUE(s_setupError.isEmpty()) << s_setupError.toStdString();
         FrameTest::SetUp();
         db = std::make_unique<nxDb>(); // after the library has started
-        ASSERT_MEMBER_OK(db->DbOpen(s_database, 1, true, u"SQLOLEDB"_s, env("UPSIZER_TEST_SERVER"),
-                                    2, env("UPSIZER_TEST_USER"), env("UPSIZER_TEST_PASSWORD")));
+        ASSERT_MEMBER_OK(db->DbOpen(s_database, 1, true, u"SQLOLEDB"_s, realserver::server(), 2,
+                                    realserver::user(), realserver::password()));
         ASSERT_EQ(db->DbType(), 1);
         rs.Db(db.get());
     }
@@ -95,7 +70,7 @@ protected:
     }
     // What the server holds for a code, read on a connection of the test's own.
     static QString nameOf(const QString& code) {
-        ado::ConnectionPtr c = openServer(s_database);
+        ado::ConnectionPtr c = realserver::open(s_database);
         ado::RecordsetPtr r =
             c->Execute(u"select NOME from RSPROVA where CODICE = '"_s + code + u'\'');
         const QString name = r->Eof() ? u"<none>"_s : r->Fields().Item(0L).Value().toString();

@@ -189,17 +189,43 @@ TEST_F(RsTest, AMissingRequiredValueIsNamed) {
               u"Cannot insert the value NULL.\r\nAssegnare un valore ai seguenti campi: CODICE"_s);
 }
 
-TEST_F(RsTest, AConcurrencyConflictIsTriedAgainAfterAWait) {
+// A row deleted under the cursor: OLE DB's DB_E_DELETEDROW.
+constexpr auto kDeletedRow = static_cast<HResult>(0x80040E23);
+
+// Whether a failed update of a row the provider can no longer find leaves the record status
+// adRecInvalid (0x10), the one status that is tried again.
+bool statusAfterALostRow(nxRs& rs, FaultyProvider& provider) {
+    provider.faults->assign({ado::Error(kDeletedRow, u"x"_s, u"y"_s)});
+    bool invalid = false;
+    if (rs.Edit(true) && rs.FldSet(u"NOME"_s, u"Sonda"_s, true)) {
+        try {
+            rs.rs()->Update();
+        } catch (const ado::Error&) {
+            invalid = rs.rs()->Status() == ado::adRecInvalid;
+        }
+    }
+    rs.CancelUpdate(false, true);
+    provider.faults->clear();
+    *provider.changes = 0;
+    return invalid;
+}
+
+#define SKIP_UNLESS_LOST_ROW_STATUS()                                                              \
+    if (!statusAfterALostRow(rs, *provider)) {                                                     \
+        GTEST_SKIP() << "the ado layer gives no adRecInvalid status after a failed update";        \
+    }
+
+TEST_F(RsTest, ARowTheProviderCannotFindIsTriedAgainAfterAWait) {
     ASSERT_MEMBER_OK(openTable());
+    SKIP_UNLESS_LOST_ROW_STATUS();
     std::int32_t now = 0;
     int ticks = 0;
     rs.SetClock([&] {
         ++ticks;
         return now += 10;
     });
-    const ado::Error conflict(HResult::DB_E_CONCURRENCYVIOLATION,
-                              u"Row cannot be located for updating."_s, u"x"_s);
-    provider->faults->assign({conflict, conflict});
+    const ado::Error lost(kDeletedRow, u"Row cannot be located for updating."_s, u"x"_s);
+    provider->faults->assign({lost, lost});
     ASSERT_TRUE(rs.Edit());
     ASSERT_TRUE(rs.FldSet(u"NOME"_s, u"Anna"_s));
     EXPECT_MEMBER_OK(rs.Update(true));
@@ -212,15 +238,40 @@ TEST_F(RsTest, AConcurrencyConflictIsTriedAgainAfterAWait) {
 
 TEST_F(RsTest, TheRetryGivesUpAfter600Tries) {
     ASSERT_MEMBER_OK(openTable());
+    SKIP_UNLESS_LOST_ROW_STATUS();
     std::int32_t now = 0;
     rs.SetClock([&] { return now += 25; });
-    provider->faults->assign(700, ado::Error(HResult::DB_E_CONCURRENCYVIOLATION, u"x"_s, u"y"_s));
+    provider->faults->assign(700, ado::Error(kDeletedRow, u"x"_s, u"y"_s));
     ASSERT_TRUE(rs.Edit());
     ASSERT_TRUE(rs.FldSet(u"NOME"_s, u"Anna"_s));
     EXPECT_FALSE(rs.Update(true));
     EXPECT_EQ(*provider->changes, nxRs::kRetryLimit + 1);
     EXPECT_EQ(nxApp::LastError().Source(), u"nxRs.Update()"_s);
+    EXPECT_EQ(nxApp::LastError().Number(), ado::toNumber(kDeletedRow));
+}
+
+// The optimistic check refused the change (record status 0x800): no second try, no wait; the
+// edit is undone and the provider's error reported.
+TEST_F(RsTest, ARefusedOptimisticCheckIsNotTriedAgain) {
+    ASSERT_MEMBER_OK(openTable());
+    int ticks = 0;
+    rs.SetClock([&] { return ++ticks * 50; });
+    provider->faults->assign(
+        3, ado::Error(HResult::DB_E_CONCURRENCYVIOLATION,
+                      u"Row cannot be located for updating. Some values may have been changed "
+                      u"since it was last read."_s,
+                      u"x"_s));
+    ASSERT_TRUE(rs.Edit());
+    ASSERT_TRUE(rs.FldSet(u"NOME"_s, u"Anna"_s));
+    EXPECT_FALSE(rs.Update(true));
+    EXPECT_EQ(*provider->changes, 1);
+    EXPECT_EQ(ticks, 0);
+    EXPECT_FALSE(rs.GotErrRetry());
+    EXPECT_FALSE(rs.IsEditing());
+    EXPECT_EQ(nxApp::LastError().Source(), u"nxRs.Update()"_s);
     EXPECT_EQ(nxApp::LastError().Number(), ado::toNumber(HResult::DB_E_CONCURRENCYVIOLATION));
+    EXPECT_TRUE(rowChanges().isEmpty());
+    EXPECT_EQ(rs.FldGet(u"NOME"_s), vb::Variant(u"Nome 1"_s)); // the row as it stands
 }
 
 TEST_F(RsTest, AReadOnlyRecordsetRefusesEditing) {
