@@ -55,7 +55,8 @@ TEST_F(JetFileTest, TablesColumnsAndCountsComeFromTheFile) {
     cn->Open(u"Provider=Microsoft.Jet.OLEDB.4.0;Data Source="_s + path);
     auto rs = std::make_shared<ado::Recordset>();
     rs->Open(u"Table1"_s, cn, ado::CursorTypeEnum::adOpenForwardOnly,
-             ado::LockTypeEnum::adLockReadOnly, static_cast<long>(ado::CommandTypeEnum::adCmdTable));
+             ado::LockTypeEnum::adLockReadOnly,
+             static_cast<long>(ado::CommandTypeEnum::adCmdTable));
     std::int32_t rows = 0;
     for (; !rs->Eof(); rs->MoveNext()) {
         ++rows;

@@ -15,6 +15,8 @@
 #include "platform/ado/Provider.h"
 #include "platform/ado/Recordset.h"
 
+#include "tests/support/ForwardingSession.h"
+
 #include <QRegularExpression>
 #include <QStringList>
 
@@ -27,17 +29,14 @@ struct Tolerated {
     QStringList columns;
 };
 
-class ToleratingSession : public ado::ProviderSession {
+class ToleratingSession : public ForwardingSession {
 public:
     ToleratingSession(std::unique_ptr<ado::ProviderSession> inner, std::shared_ptr<Tolerated> t)
-        : m_inner(std::move(inner)), m_tolerated(std::move(t)) {}
+        : ForwardingSession(std::move(inner)), m_tolerated(std::move(t)) {}
 
-    QString connectionString() const override { return m_inner->connectionString(); }
-    std::vector<ado::PropertyValue> properties() const override { return m_inner->properties(); }
-    void setProperty(const ado::PropertyValue& value) override { m_inner->setProperty(value); }
     ado::CommandResult execute(const ado::CommandRequest& request) override {
         try {
-            return m_inner->execute(request);
+            return ForwardingSession::execute(request);
         } catch (const ado::Error& e) {
             static const QRegularExpression notNull(
                 QStringLiteral("^alter table (\\S+) alter column \\[?([^\\] ]+)\\]? .* not null$"));
@@ -50,18 +49,8 @@ public:
             return {};
         }
     }
-    std::unique_ptr<ado::ProviderRowset>
-    openSchema(ado::SchemaEnum schema, const std::vector<vb::Variant>& restrictions) override {
-        return m_inner->openSchema(schema, restrictions);
-    }
-    long beginTransaction() override { return m_inner->beginTransaction(); }
-    void commitTransaction() override { m_inner->commitTransaction(); }
-    void rollbackTransaction() override { m_inner->rollbackTransaction(); }
-    ado::ProviderCatalog& catalog() override { return m_inner->catalog(); }
-    void close() noexcept override { m_inner->close(); }
 
 private:
-    std::unique_ptr<ado::ProviderSession> m_inner;
     std::shared_ptr<Tolerated> m_tolerated;
 };
 
