@@ -62,8 +62,9 @@ std::size_t MemoryRowset::indexOf(RowId id) const {
 RowId MemoryRowset::insertRow(const std::vector<FieldChange>& values) {
     refuseChanges();
     Row row(m_columns.size(), vb::Null{});
-    m_onChange(ChangeKind::Insert, row, values);
-    for (const auto& change : values) {
+    std::vector<FieldChange> applied = values;
+    m_onChange(ChangeKind::Insert, row, applied);
+    for (const auto& change : applied) {
         row.at(static_cast<std::size_t>(change.column)) = change.value;
     }
     m_rows.push_back(std::move(row));
@@ -74,8 +75,9 @@ RowId MemoryRowset::insertRow(const std::vector<FieldChange>& values) {
 void MemoryRowset::updateRow(RowId id, const std::vector<FieldChange>& values) {
     refuseChanges();
     Row& row = m_rows[indexOf(id)];
-    m_onChange(ChangeKind::Update, row, values);
-    for (const auto& change : values) {
+    std::vector<FieldChange> applied = values;
+    m_onChange(ChangeKind::Update, row, applied);
+    for (const auto& change : applied) {
         row.at(static_cast<std::size_t>(change.column)) = change.value;
     }
 }
@@ -83,7 +85,8 @@ void MemoryRowset::updateRow(RowId id, const std::vector<FieldChange>& values) {
 void MemoryRowset::deleteRow(RowId id) {
     refuseChanges();
     const std::size_t i = indexOf(id);
-    m_onChange(ChangeKind::Delete, m_rows[i], {});
+    std::vector<FieldChange> none;
+    m_onChange(ChangeKind::Delete, m_rows[i], none);
     m_deleted[i] = true;
 }
 

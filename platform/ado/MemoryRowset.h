@@ -11,12 +11,13 @@ using Row = std::vector<vb::Variant>;
 
 // A rowset over rows held in memory: schema rowsets, single-row answers and scripted rowsets.
 // Seeks always work. Changes are refused unless a change handler is given, which sees each
-// change before it is applied (and may refuse it by throwing).
+// change before it is applied (and may refuse it by throwing, or add values the database gave
+// the row, such as an identity, to the changes applied).
 class MemoryRowset : public ProviderRowset {
 public:
     enum class ChangeKind { Insert, Update, Delete };
     using ChangeHandler =
-        std::function<void(ChangeKind kind, const Row& before, const std::vector<FieldChange>&)>;
+        std::function<void(ChangeKind kind, const Row& before, std::vector<FieldChange>& changes)>;
 
     MemoryRowset(std::vector<ColumnInfo> columns, std::vector<Row> rows,
                  CursorTypeEnum cursorType = CursorTypeEnum::adOpenStatic,

@@ -594,6 +594,7 @@ void Recordset::Delete(AffectEnum affectRecords) {
     requireCurrent(kSource);
     try {
         m_rowset->deleteRow(m_navigator.currentRowId());
+        m_navigator.currentRowDeleted();
     } catch (const Error& e) {
         m_status = statusAfter(e);
         providerFailed(e);

@@ -49,6 +49,9 @@ public:
 
     // A row the provider has just inserted: it joins the sequence at its end and becomes current.
     void appendRow(RowId id);
+    // The current row has just been deleted: the provider no longer stands on it, so the next
+    // move must seek (and skip it) rather than trust where the provider was.
+    void currentRowDeleted() noexcept { m_providerAt = npos; }
 
 private:
     static constexpr std::size_t npos = static_cast<std::size_t>(-1);

@@ -1,10 +1,12 @@
 #include "platform/ado/sqlserver/Session.h"
 
 #include "platform/ado/sqlserver/AdoErrors.h"
+#include "platform/ado/sqlserver/RowWrites.h"
 #include "platform/ado/sqlserver/ServerCatalog.h"
 #include "platform/ado/sqlserver/odbc/HResults.h"
 #include "platform/ado/sqlserver/odbc/SchemaQueries.h"
 
+#include <QRegularExpression>
 #include <QStringList>
 
 using namespace Qt::StringLiterals;
@@ -43,6 +45,32 @@ std::unique_ptr<ProviderRowset> memoryRowset(const odbc::StaticRowset& r) {
     return std::make_unique<MemoryRowset>(std::move(columns), r.rows);
 }
 
+// The table a recordset writes to: "Unique Table" when set, else the one table its select reads.
+QString writeTable(const CommandRequest& request, const QString& text) {
+    for (const PropertyValue& p : request.rowsetProperties) {
+        if (p.name.compare(u"Unique Table", Qt::CaseInsensitive) == 0 &&
+            !p.value.toString().trimmed().isEmpty()) {
+            return p.value.toString().trimmed();
+        }
+    }
+    return baseTable(text);
+}
+
+// The last part of a table name as the catalog knows it: "[dbo].[Doc]" and "dbo.Doc" are Doc.
+QString unquotedName(const QString& table) {
+    static const QRegularExpression lastPart(uR"re((?:\[([^\]]+)\]|"([^"]+)"|([^.\s]+))\s*$)re"_s);
+    const QRegularExpressionMatch m = lastPart.match(table);
+    if (!m.hasMatch()) {
+        return table;
+    }
+    for (int i = 1; i <= 3; ++i) {
+        if (m.capturedLength(i) > 0) {
+            return m.captured(i);
+        }
+    }
+    return table;
+}
+
 } // namespace
 
 QString commandText(const CommandRequest& request) {
@@ -67,7 +95,10 @@ Session::Session(QString providerName, ConnectionString given, odbc::LoginSettin
       m_settings(std::move(settings)), m_connectTimeout(connectTimeout),
       m_dbmsVersion(std::move(dbmsVersion)), m_connection(std::move(connection)) {}
 
-Session::~Session() { close(); }
+Session::~Session() {
+    *m_self = nullptr;
+    close();
+}
 
 odbc::Connection& Session::connection() {
     if (!m_connection || !m_connection->isOpen()) {
@@ -163,10 +194,52 @@ CommandResult Session::execute(const CommandRequest& request) {
         if (streams) {
             result.rowset = std::make_unique<StreamingRowset>(std::move(run), m_stream);
         } else {
-            result.rowset = bufferedRowset(*run, request.cursorType);
+            result.rowset = clientRowset(std::move(run), request, text);
         }
         return result;
     });
+}
+
+std::unique_ptr<ProviderRowset> Session::clientRowset(std::unique_ptr<odbc::Execution> run,
+                                                      const CommandRequest& request,
+                                                      const QString& text) {
+    const bool writable = request.lockType != LockTypeEnum::adLockReadOnly &&
+                          request.lockType != LockTypeEnum::adLockUnspecified;
+    const QString table = writable ? writeTable(request, text) : QString();
+    if (table.isEmpty()) {
+        return bufferedRowset(*run, request.cursorType);
+    }
+    std::vector<ColumnInfo> fields = columnInfos(run->columns());
+    std::vector<Row> rows;
+    odbc::Row row;
+    while (run->fetch(&row)) {
+        rows.push_back(row);
+    }
+    run->finish();
+    run.reset();
+    // The table's key and identity, from the catalog: the result's metadata has neither for
+    // sure.
+    const QString bare = unquotedName(table);
+    const std::vector<CatalogColumn> tableColumns = catalog().columns(bare);
+    const std::vector<CatalogIndex> indexes = catalog().indexes(bare);
+    WriteTarget target = describeTarget(table, tableColumns, indexes, fields);
+    target.criteria = criteriaOf(request);
+    target.clientCursor = request.cursorLocation == CursorLocationEnum::adUseClient;
+    auto rowset = std::make_unique<MemoryRowset>(
+        fields, std::move(rows),
+        request.cursorType == CursorTypeEnum::adOpenKeyset ? CursorTypeEnum::adOpenKeyset
+                                                           : CursorTypeEnum::adOpenStatic);
+    // Without a key a server cursor is read-only; the cursor engine still takes new rows.
+    if (!target.key.empty() || target.clientCursor) {
+        makeWritable(*rowset, std::move(target), std::move(fields),
+                     [self = m_self](const WriteStatement& statement) {
+                         if (*self == nullptr) {
+                             raise(HResult::adErrObjectClosed, source());
+                         }
+                         return (*self)->run(statement.text, statement.parameters);
+                     });
+    }
+    return rowset;
 }
 
 std::unique_ptr<ProviderRowset> Session::openSchema(SchemaEnum schema,

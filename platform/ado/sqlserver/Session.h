@@ -45,6 +45,10 @@ public:
 private:
     odbc::Connection& connection();
     int commandTimeout(const CommandRequest& request) const;
+    // The rows of a keyset or static recordset, kept on the client; writable when the lock type
+    // asks for it and the select reads one table.
+    std::unique_ptr<ProviderRowset> clientRowset(std::unique_ptr<odbc::Execution> run,
+                                                 const CommandRequest& request, const QString& text);
 
     QString m_providerName;
     ConnectionString m_given;
@@ -55,6 +59,8 @@ private:
     std::unique_ptr<odbc::Connection> m_connection;
     std::shared_ptr<ActiveStream> m_stream = std::make_shared<ActiveStream>();
     std::unique_ptr<ServerCatalog> m_catalog;
+    // What a writable rowset holds to reach its session; cleared when the session goes.
+    std::shared_ptr<Session*> m_self = std::make_shared<Session*>(this);
 };
 
 // The command text ODBC runs for an ADO command of the given type.

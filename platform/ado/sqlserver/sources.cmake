@@ -17,6 +17,7 @@ if(EXISTS ${_sqlserver}/../Provider.h AND EXISTS ${_sqlserver}/../sources.cmake)
     target_sources(platform PRIVATE
         ${_sqlserver}/AdoErrors.cpp
         ${_sqlserver}/ServerRowset.cpp
+        ${_sqlserver}/RowWrites.cpp
         ${_sqlserver}/Session.cpp
         ${_sqlserver}/ServerCatalog.cpp
         ${_sqlserver}/SqlServerProvider.cpp)

@@ -15,6 +15,7 @@
 #include "platform/ado/Recordset.h"
 #include "platform/ado/adox/Catalog.h"
 #include "platform/ado/adox/Objects.h"
+#include "tests/platform/sqlserver/FailureOf.h"
 #include "tests/support/Printers.h"
 #include "tests/support/RealServer.h"
 
@@ -245,6 +246,98 @@ TEST_F(ServerSuite, FieldsSayWhichColumnIsTheIdentity) {
         EXPECT_EQ(identity[u"code"_s], vb::Variant(false)) << static_cast<int>(cursor);
         EXPECT_EQ(rs->Fields().Item(u"ID"_s).Value(), vb::Variant(std::int32_t(5)));
     }
+}
+
+namespace {
+
+// Opened the way the layers above open an editable recordset: client cursor, rows found again
+// by key alone, surviving transactions.
+RecordsetPtr openEditable(const ConnectionPtr& db, const QString& sql,
+                          CursorLocationEnum location = CursorLocationEnum::adUseClient) {
+    auto rs = std::make_shared<Recordset>();
+    rs->Properties().Item(u"Preserve On Commit"_s).setValue(true);
+    rs->Properties().Item(u"Preserve On Abort"_s).setValue(true);
+    rs->Properties().Item(u"Change Inserted Rows"_s).setValue(true);
+    rs->setCursorLocation(location);
+    if (location == CursorLocationEnum::adUseClient) {
+        rs->Properties().Item(u"Update Criteria"_s).setValue(std::int32_t(0));
+    }
+    rs->Open(sql, db, CursorTypeEnum::adOpenKeyset, LockTypeEnum::adLockOptimistic,
+             adOptionUnspecified);
+    return rs;
+}
+
+} // namespace
+
+TEST_F(ServerSuite, EditableRecordsetsWriteTheirChangesBack) {
+    db->Execute(u"create table W1 (ID int identity(3, 1) not null primary key, "
+                u"Code nvarchar(10) not null unique, N int null); "
+                u"insert into W1 (Code, N) values (N'a', 1)"_s);
+    for (const CursorLocationEnum location :
+         {CursorLocationEnum::adUseClient, CursorLocationEnum::adUseServer}) {
+        SCOPED_TRACE(static_cast<int>(location));
+        RecordsetPtr rs = openEditable(db, u"select * from W1 order by ID"_s, location);
+        EXPECT_TRUE(rs->Supports(adUpdate | adAddNew | adDelete));
+        // The catalog tells the identity where the result's metadata may not.
+        EXPECT_EQ(rs->Fields().Item(u"ID"_s).Properties().Item(u"ISAUTOINCREMENT"_s).Value(),
+                  vb::Variant(true));
+        EXPECT_EQ(rs->Fields().Item(u"N"_s).Properties().Item(u"ISAUTOINCREMENT"_s).Value(),
+                  vb::Variant(false));
+        rs->AddNew();
+        const QString code = location == CursorLocationEnum::adUseClient ? u"b"_s : u"c"_s;
+        rs->Fields().Item(u"Code"_s).setValue(vb::Variant(code));
+        rs->Update();
+        const vb::Variant id = rs->Fields().Item(u"ID"_s).Value();
+        EXPECT_EQ(id, scalar(db, u"select ID from W1 where Code = N'%1'"_s.arg(code)));
+        // The new row can be changed again, found by the identity read back.
+        rs->Fields().Item(u"N"_s).setValue(vb::Variant(std::int32_t(42)));
+        rs->Update();
+        EXPECT_EQ(scalar(db, u"select N from W1 where Code = N'%1'"_s.arg(code)),
+                  vb::Variant(std::int32_t(42)));
+        // A duplicate: the server's refusal, and the row left in editing.
+        rs->AddNew();
+        rs->Fields().Item(u"Code"_s).setValue(vb::Variant(u"a"_s));
+        EXPECT_EQ(failureOf([&] { rs->Update(); }), static_cast<std::int32_t>(0x80040E2Fu));
+        EXPECT_EQ(rs->Status(), adRecIntegrityViolation);
+        EXPECT_EQ(rs->EditMode(), EditModeEnum::adEditAdd);
+        ASSERT_GE(db->Errors().Count(), 1);
+        EXPECT_EQ(db->Errors().Item(0).nativeError(), 2627) << db->Errors().Item(0).what();
+        rs->CancelUpdate();
+        // Deleted: gone from the table.
+        rs->MoveLast();
+        EXPECT_EQ(rs->Fields().Item(u"ID"_s).Value(), id);
+        rs->Delete(AffectEnum::adAffectCurrent);
+        EXPECT_EQ(scalar(db, u"select count(*) from W1 where Code = N'%1'"_s.arg(code)),
+                  vb::Variant(std::int32_t(0)));
+    }
+}
+
+TEST_F(ServerSuite, ARowChangedOrDeletedByAnotherConnectionIsAConcurrencyViolation) {
+    db->Execute(u"create table W2 (ID int not null primary key, Name nvarchar(20) null); "
+                u"insert into W2 values (1, N'Rossi'); insert into W2 values (2, N'Bianchi')"_s);
+    ConnectionPtr other = realserver::open(s_database);
+    // A server cursor compares every value read.
+    RecordsetPtr rs = openEditable(db, u"select ID, Name from W2 order by ID"_s,
+                                   CursorLocationEnum::adUseServer);
+    other->Execute(u"update W2 set Name = N'Verdi' where ID = 1"_s);
+    rs->Fields().Item(u"Name"_s).setValue(vb::Variant(u"Neri"_s));
+    EXPECT_EQ(failureOf([&] { rs->Update(); }), static_cast<std::int32_t>(0x80040E38u));
+    EXPECT_EQ(rs->Status(), adRecConcurrencyViolation);
+    EXPECT_EQ(scalar(db, u"select Name from W2 where ID = 1"_s), vb::Variant(u"Verdi"_s));
+    rs->CancelUpdate();
+    // The cursor engine finding rows by key alone still notices a row deleted meanwhile.
+    RecordsetPtr byKey = openEditable(db, u"select ID, Name from W2 order by ID"_s);
+    other->Execute(u"delete from W2 where ID = 2"_s);
+    byKey->MoveLast();
+    byKey->Fields().Item(u"Name"_s).setValue(vb::Variant(u"Neri"_s));
+    EXPECT_EQ(failureOf([&] { byKey->Update(); }), static_cast<std::int32_t>(0x80040E38u));
+    EXPECT_EQ(byKey->Status(), adRecConcurrencyViolation);
+    byKey->CancelUpdate();
+    // A select of no table's own rows cannot be written back.
+    RecordsetPtr joined = openEditable(
+        db, u"select a.ID, b.Name from W2 a join W2 b on b.ID = a.ID"_s,
+        CursorLocationEnum::adUseServer);
+    EXPECT_FALSE(joined->Supports(adUpdate));
 }
 
 TEST_F(ServerSuite, RecordsetsMoveFilterAndStayOpenSideBySide) {
