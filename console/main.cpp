@@ -1,4 +1,5 @@
 #include "console/DbImportRun.h"
+#include "console/WindowServices.h"
 #include "console/frmMain.h"
 
 #include "frame/nxApp.h"
@@ -14,7 +15,7 @@ int main(int argc, char** argv) {
     if (!nxApp::AppInitialize(vb::Variant(), commandLine)) {
         return 1;
     }
-    nxApp::SetDoEvents([] { QCoreApplication::processEvents(); });
+    InstallWindowServices();
     frmMain window(networkServerDirectory(), std::make_unique<QtFileOpenDialog>(), dbImportRuns());
     window.Form_Load();
     window.show();

@@ -7,9 +7,13 @@
 #include "frame/nxApp.h"
 #include "frame/nxError.h"
 
+#include "platform/ado/Connection.h"
+#include "platform/ado/Error.h"
 #include "platform/win/MessageBox.h"
 
 #include <QCommandLineParser>
+#include <QDir>
+#include <QFileInfo>
 
 #include <memory>
 
@@ -74,8 +78,16 @@ class PrintedFeed : public DbImportEvents {
 public:
     PrintedFeed(QTextStream& out, QString& lastSaid) : m_out(out), m_lastSaid(lastSaid) {}
 
+    // The last line printed before the close-down's own, or nothing when the run raised no event
+    // before it: then it failed before the source was opened, the log with it.
+    const QString& lastActivity() const noexcept { return m_lastActivity; }
+
     void EVTImportStart() override { print(feed::importStart()); }
-    void EVTImportEnd() override { print(feed::importEnd()); }
+    void EVTImportEnd() override {
+        const QString before = m_lastActivity;
+        print(feed::importEnd());
+        m_lastActivity = before;
+    }
     void EVTSysTableImportStart(std::int16_t) override {}
     void EVTTableImportStart(std::int32_t) override {}
     void EVTTableImportEnd() override {}
@@ -131,11 +143,59 @@ public:
     }
 
 private:
-    void print(const QString& line) { m_out << line << Qt::endl; }
+    void print(const QString& line) {
+        m_out << line << Qt::endl;
+        m_lastActivity = line;
+    }
 
     QTextStream& m_out;
     QString& m_lastSaid;
+    QString m_lastActivity;
 };
+
+// The connection the run opens first, to the server's master database.
+QString masterConnectionString(const Options& options) {
+    QString text = u"Provider=SQLOLEDB;Data Source="_s + options.server;
+    if (!options.user.isEmpty()) {
+        text += u";User ID="_s + options.user + u";Password="_s + options.password;
+    } else {
+        text += u";Initial Catalog=master;Trusted_Connection=yes"_s;
+    }
+    return text;
+}
+
+// Why a run that failed before any activity failed. The run keeps the failure of its first
+// connection to itself, so the same connection is tried once more and its refusal told; a
+// connection that opens now leaves the database name's check as the other step it could be.
+QString earlyFailure(const Options& options) {
+    const QString who = options.user.isEmpty() ? u"with Windows authentication"_s
+                                               : u"as '"_s + options.user + u"'"_s;
+    const QString what = u"The connection to the server '"_s + options.server + u"' "_s + who;
+    QString reason;
+    try {
+        const ado::ConnectionPtr probe = ado::Connection::create();
+        probe->Open(masterConnectionString(options));
+        probe->Close();
+        reason = what + u" or the check of the database name failed during the run; the "
+                        u"connection opens now, so try the run again"_s;
+    } catch (const ado::Error& e) {
+        reason = what + u" failed: "_s + e.description() + u" ("_s +
+                 QString::number(e.hresult()) + u"); check the server name, the login and the "
+                                                    u"password"_s;
+    } catch (const std::exception& e) {
+        reason = what + u" failed: "_s + QString::fromLocal8Bit(e.what());
+    }
+    // Nothing of what a server answers may carry the password on.
+    if (!options.password.isEmpty()) {
+        reason.replace(options.password, u"***"_s);
+    }
+    return reason + u". Nothing was written on the server and no log was opened."_s;
+}
+
+// The log the run writes beside the source database.
+QString logPath(const Options& options) {
+    return QFileInfo(options.source).absolutePath() + u"/ConversionLog.txt"_s;
+}
 
 } // namespace
 
@@ -224,6 +284,17 @@ int run(const Options& options, const ImportRunFactory& runs, QTextStream& out, 
     if (lastSaid.isEmpty() && nxApp::LastError().Number() != 0) {
         lastSaid = nxApp::LastError().Description() + u" ("_s +
                    QString::number(nxApp::LastError().Number()) + u")"_s;
+    }
+    // Failing that, the step it stopped at: before any activity, the connection to the server;
+    // later, the last activity printed, with the log that goes on from there.
+    if (lastSaid.isEmpty()) {
+        if (printed.lastActivity().isEmpty()) {
+            lastSaid = earlyFailure(options);
+        } else {
+            lastSaid = u"The run stopped after \""_s + printed.lastActivity() +
+                       u"\"; read the log "_s + QDir::toNativeSeparators(logPath(options)) +
+                       u"."_s;
+        }
     }
     err << u"upsizer-cli: Importazione fallita."_s;
     if (!lastSaid.isEmpty()) {

@@ -3,6 +3,7 @@
 #include "platform/ado/recording/RecordingProvider.h"
 
 #include "tests/console/WindowFixture.h"
+#include "tests/support/RealServer.h"
 
 using namespace Qt::StringLiterals;
 
@@ -72,14 +73,11 @@ TEST_F(ConnectionTestTest, ARefusedLoginShowsTheFirstErrorsNumberAndText) {
 using RealServerConnectionTest = WindowTest;
 
 TEST_F(RealServerConnectionTest, TheServersLoginIsAcceptedAndAnUnknownOneRefused) {
-    const QString server = qEnvironmentVariable("UPSIZER_TEST_SERVER");
-    if (server.isEmpty()) {
-        GTEST_SKIP() << "UPSIZER_TEST_SERVER is not set: no real server to connect to";
-    }
-    typeServer(server);
+    REQUIRE_REAL_SERVER();
+    typeServer(realserver::server());
     type("txtDbName", u"x"_s);
-    type("txtUsername", qEnvironmentVariable("UPSIZER_TEST_USER"));
-    type("txtPassword", qEnvironmentVariable("UPSIZER_TEST_PASSWORD"));
+    type("txtUsername", realserver::user());
+    type("txtPassword", realserver::password());
     box->answer({win::id::kOk, win::id::kOk});
     click(buttonNamed("cmdTestConn"));
     // A login the server does not know. (The PostgreSQL-based T-SQL server of the development

@@ -1,4 +1,5 @@
 #include "console/JobWidgets.h"
+#include "console/WindowServices.h"
 
 #include "jobs/nxJob.h"
 
@@ -39,6 +40,29 @@ protected:
     }
     nxJob job;
 };
+
+// The window program's start-up gives every job that has no window of its own the job window;
+// without it such a job runs with none.
+using WindowServicesTest = FrameTest;
+
+TEST_F(WindowServicesTest, AJobWithoutAWindowOfItsOwnGetsTheProgramsOne) {
+    const auto standsDuringItsWork = [] {
+        nxJob job;
+        bool stood = false;
+        job.OnJob = [&](bool& result, bool) {
+            stood = standingJobForm() != nullptr;
+            result = true;
+        };
+        EXPECT_TRUE(job.Start(u"Lettura"_s));
+        return stood;
+    };
+    EXPECT_FALSE(standsDuringItsWork());
+    InstallWindowServices();
+    const bool withServices = standsDuringItsWork();
+    nxJob::SetDefaultFormFactory({});
+    EXPECT_TRUE(withServices);
+    EXPECT_EQ(standingJobForm(), nullptr);
+}
 
 TEST_F(JobFormTest, TheWindowStandsWhileTheWorkRunsAndClosesAfterIt) {
     QString captionDuring;
