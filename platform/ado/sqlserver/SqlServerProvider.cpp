@@ -112,12 +112,29 @@ std::unique_ptr<ProviderSession> SqlServerProvider::open(const OpenRequest& requ
                             : static_cast<int>(request.connectionTimeoutSeconds);
     try {
         std::unique_ptr<odbc::Connection> connection = connect(settings, m_transport, timeout);
-        QString version = serverVersion(*connection);
+        QString version = versionOf(settings, *connection);
         return std::make_unique<Session>(m_name, request.connectionString, std::move(settings),
                                          timeout, std::move(connection), std::move(version));
     } catch (const odbc::Failure& f) {
         throw withIntegratedHint(toAdoError(f), settings, m_transport);
     }
+}
+
+QString SqlServerProvider::versionOf(const odbc::LoginSettings& settings,
+                                     odbc::Connection& connection) {
+    const QString key = settings.dataSource.trimmed().toLower();
+    {
+        const std::lock_guard<std::mutex> hold(m_versionsLock);
+        if (const auto known = m_versions.find(key); known != m_versions.end()) {
+            return known->second;
+        }
+    }
+    QString version = serverVersion(connection);
+    if (!version.isEmpty()) {
+        const std::lock_guard<std::mutex> hold(m_versionsLock);
+        m_versions[key] = version;
+    }
+    return version;
 }
 
 void SqlServerProvider::createDatabase(const ConnectionString& connectionString) {

@@ -6,8 +6,12 @@
 
 #include <QString>
 
+#include <map>
+#include <mutex>
+
 namespace odbc {
 class Api;
+class Connection;
 }
 
 namespace ado::sqlserver {
@@ -34,8 +38,14 @@ public:
     void createDatabase(const ConnectionString& connectionString) override;
 
 private:
+    // The server's version in the provider's form, asked at the first open of each data source
+    // and remembered: the tool opens a connection for nearly every catalog question.
+    QString versionOf(const odbc::LoginSettings& settings, odbc::Connection& connection);
+
     QString m_name;
     Transport m_transport;
+    std::mutex m_versionsLock;
+    std::map<QString, QString> m_versions; // by data source, lower-cased
 };
 
 } // namespace ado::sqlserver

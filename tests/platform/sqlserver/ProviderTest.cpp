@@ -96,6 +96,24 @@ TEST_F(ProviderTest, OpenTranslatesTheStringAndAsksTheVersion) {
     EXPECT_TRUE(connection->ConnectionString().contains(u"Initial Catalog=Archivio"_s));
 }
 
+// The tool opens a connection for nearly every catalog question: the server's version is asked
+// at the first open of each data source only.
+TEST_F(ProviderTest, TheVersionIsAskedOncePerDataSource) {
+    open();
+    connection->Close();
+    const QString again = u"Provider=SQLOLEDB;Data Source=127.0.0.1,1433;Initial Catalog=Altro;"
+                          u"User ID=sa;Password=pw"_s;
+    connection->Open(again);
+    EXPECT_EQ(calls(u"SQLExecDirect"_s), QStringList());
+    EXPECT_EQ(connection->Properties().Item(u"DBMS Version"_s).Value(), vb::Variant(u"12.00.2000"_s));
+    connection->Close();
+    api.batches.push_back(versionAnswer());
+    connection->Open(u"Provider=SQLOLEDB;Data Source=127.0.0.2,1433;User ID=sa;Password=pw"_s);
+    EXPECT_EQ(calls(u"SQLExecDirect"_s),
+              QStringList{u"SQLExecDirect "_s + odbc::productVersionQuery()});
+    EXPECT_TRUE(api.batches.empty());
+}
+
 TEST_F(ProviderTest, RefusedLoginListsEveryRecordInErrors) {
     api.connectResult = SQL_ERROR;
     api.connectDiagnostics = {
