@@ -281,7 +281,14 @@ bool nxRs::FldModified(const vb::Variant& Field) noexcept {
 
 vb::Variant nxRs::FldGet(const vb::Variant& Field, const vb::Variant& Default) noexcept {
     int i = -1;
-    if (!FldExist(Field, &i) || !positionIsValid()) {
+    // A walk asks by index at every field of every record: that road skips FldExist.
+    if (const std::int32_t* index = Field.get<std::int32_t>();
+        index != nullptr && m_isOpened && m_rs && *index >= 0 && *index < FldCount()) {
+        i = *index;
+    } else if (!FldExist(Field, &i)) {
+        return Default;
+    }
+    if (!positionIsValid()) {
         return Default;
     }
     const auto at = static_cast<std::size_t>(i);

@@ -115,7 +115,8 @@ void nxRs::goTo(const vb::Variant& bookmark) noexcept {
 }
 
 bool nxRs::MoveTo(int Kind, bool KeepCurrent, bool Silent) noexcept {
-    if (IsEmpty()) {
+    // A position known to be valid is in no empty recordset: the cursor need not be asked.
+    if (!m_posHere && IsEmpty()) {
         return false;
     }
     Update(Silent, true, true, false); // a pending edit is saved before every move

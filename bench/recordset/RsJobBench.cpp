@@ -4,12 +4,14 @@
 // at 100,000 records, at its end and at its highest, so that a layer keeping something per
 // record shows as growth. It also checks that the walk met every record once, in the file's
 // order (the table's first column is an autonumber counting from 1), and that both loops saw the
-// same number of present values.
+// same number of present values. A second walk is stopped from another thread, as the job's
+// window stops it, half-way through the table: it must end within one record of the stop.
 //
-//   rsjob_bench <file.mdb> <table> [forward|keyset]
+//   rsjob_bench <file.mdb> <table> [forward|keyset|server]
 //
 // forward (the default) opens the table forward-only and read-only, as the record copy does;
-// keyset keeps nxRsJob's own defaults (keyset, optimistic, client cursor).
+// keyset keeps nxRsJob's own defaults (keyset, optimistic, client cursor); server opens
+// forward-only and read-only on the server side, where no client cursor keeps the rows' places.
 #include "jobs/nxRsJob.h"
 
 #include "recordset/nxRs.h"
@@ -29,27 +31,39 @@
 #include <QTemporaryDir>
 
 #include <algorithm>
+#include <atomic>
+#include <chrono>
 #include <cstdio>
 #include <ctime>
 #include <exception>
 #include <memory>
+#include <thread>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-// Resident memory in KiB, from /proc; 0 where there is none.
-long residentKiB() {
+// Resident memory in KiB, from /proc; 0 where there is none. The file's pages, mapped and
+// read by the count and the walk, are part of VmRSS; RssAnon is the memory the process made.
+long statusKiB(const QByteArray& key) {
     QFile f(u"/proc/self/status"_s);
     if (!f.open(QIODevice::ReadOnly)) {
         return 0;
     }
     for (const QByteArray& line : f.readAll().split('\n')) {
-        if (line.startsWith("VmRSS:")) {
-            return line.mid(6).trimmed().split(' ').front().toLong();
+        if (line.startsWith(key)) {
+            return line.mid(key.size()).trimmed().split(' ').front().toLong();
         }
     }
     return 0;
+}
+
+long residentKiB() {
+    return statusKiB("VmRSS:");
+}
+
+long anonymousKiB() {
+    return statusKiB("RssAnon:");
 }
 
 double seconds(const QElapsedTimer& t) {
@@ -76,6 +90,9 @@ struct Walk {
     long rssAt100k = 0;
     long rssEnd = 0;
     long rssPeak = 0;
+    long anonStart = 0;
+    long anonAt100k = 0;
+    long anonEnd = 0;
     bool ok = true;
 };
 
@@ -100,7 +117,7 @@ Walk bareScan(const QString& path, const QString& table) {
     return w;
 }
 
-Walk jobWalk(nxDb& db, const QString& table, bool forwardOnly) {
+Walk jobWalk(nxDb& db, const QString& table, bool forwardOnly, bool serverSide) {
     Walk w;
     nxRsJob job;
     job.Db(&db);
@@ -110,6 +127,9 @@ Walk jobWalk(nxDb& db, const QString& table, bool forwardOnly) {
     if (forwardOnly) {
         job.CursorType(0);
         job.LockType(1);
+    }
+    if (serverSide) {
+        job.CursorLocation(2);
     }
     int columns = 0;
     QElapsedTimer walk;
@@ -137,9 +157,11 @@ Walk jobWalk(nxDb& db, const QString& table, bool forwardOnly) {
         }
         if (w.records == 100000) {
             w.rssAt100k = residentKiB();
+            w.anonAt100k = anonymousKiB();
         }
     };
     w.rssStart = residentKiB();
+    w.anonStart = anonymousKiB();
     QElapsedTimer t;
     t.start();
     const double cpuStart = cpuSeconds();
@@ -153,9 +175,51 @@ Walk jobWalk(nxDb& db, const QString& table, bool forwardOnly) {
     w.secs = seconds(t);
     w.cpu = cpuSeconds() - cpuStart;
     w.rssEnd = residentKiB();
+    w.anonEnd = anonymousKiB();
     w.rssPeak = std::max(w.rssPeak, w.rssEnd);
     job.RsClose();
     return w;
+}
+
+struct StopRun {
+    std::int64_t atStop = -1; // records met when StopJob had returned
+    std::int64_t records = 0; // records met in all
+    bool result = true;
+};
+
+// StopJob from another thread once the walk has met `stopAt` records.
+StopRun stoppedWalk(nxDb& db, const QString& table, std::int64_t stopAt) {
+    StopRun run;
+    nxRsJob job;
+    job.Db(&db);
+    job.Job().UseForm(false);
+    job.Job().Confirm(false);
+    job.Job().EndMessage(false);
+    job.CursorType(0);
+    job.LockType(1);
+    std::atomic<std::int64_t> seen{0};
+    std::atomic<std::int64_t> atStop{-1};
+    job.OnRecord = [&](nxRs&, bool&, bool) { seen.fetch_add(1); };
+    if (!job.RsOpen(table, true)) {
+        run.result = false;
+        return run;
+    }
+    std::thread stopper([&] {
+        while (seen.load() < stopAt && atStop.load() == -1) {
+            std::this_thread::sleep_for(std::chrono::microseconds(200));
+        }
+        job.Job().StopJob(false);
+        atStop = seen.load();
+    });
+    run.result = job.Start();
+    if (atStop.load() == -1) {
+        atStop = -2; // the walk ended first: the stopper must not wait for ever
+    }
+    stopper.join();
+    run.atStop = atStop.load();
+    run.records = seen.load();
+    job.RsClose();
+    return run;
 }
 
 } // namespace
@@ -163,12 +227,14 @@ Walk jobWalk(nxDb& db, const QString& table, bool forwardOnly) {
 int main(int argc, char** argv) {
     QCoreApplication app(argc, argv);
     if (argc < 3) {
-        std::fprintf(stderr, "usage: rsjob_bench <file.mdb> <table> [forward|keyset]\n");
+        std::fprintf(stderr, "usage: rsjob_bench <file.mdb> <table> [forward|keyset|server]\n");
         return 2;
     }
     const QString path = QString::fromLocal8Bit(argv[1]);
     const QString table = QString::fromLocal8Bit(argv[2]);
-    const bool forwardOnly = argc < 4 || QByteArray(argv[3]) != "keyset";
+    const QByteArray mode = argc < 4 ? QByteArray("forward") : QByteArray(argv[3]);
+    const bool forwardOnly = mode != "keyset";
+    const bool serverSide = mode == "server";
     QTemporaryDir dir;
     nxApp::SetMessageBox(std::make_shared<win::ScriptedMessageBox>());
     nxApp::SetRegistry(std::make_shared<win::FileRegistry>(dir.filePath(u"registry"_s)));
@@ -190,11 +256,14 @@ int main(int argc, char** argv) {
                      qPrintable(nxApp::LastError().Description()));
         return 1;
     }
-    const Walk job = jobWalk(db, table, forwardOnly);
+    const Walk job = jobWalk(db, table, forwardOnly, serverSide);
+    const StopRun stop = stoppedWalk(db, table, job.records / 2);
     db.DbClose();
 
     std::printf("%s, table %s, %s cursor\n", argv[1], argv[2],
-                forwardOnly ? "forward-only read-only" : "keyset optimistic client");
+                serverSide    ? "forward-only read-only server-side"
+                : forwardOnly ? "forward-only read-only client"
+                              : "keyset optimistic client");
     const auto rate = [](const Walk& w, double secs) {
         return static_cast<double>(w.records) / secs;
     };
@@ -216,10 +285,22 @@ int main(int argc, char** argv) {
     std::printf("walk resident memory: %ld KiB before, %ld KiB at 100,000 records, %ld KiB at the "
                 "end, %ld KiB at most\n",
                 job.rssStart, job.rssAt100k, job.rssEnd, job.rssPeak);
+    std::printf("walk anonymous memory: %ld KiB before, %ld KiB at 100,000 records, %ld KiB at "
+                "the end\n",
+                job.anonStart, job.anonAt100k, job.anonEnd);
+    const std::int64_t afterStop = stop.records - stop.atStop;
+    std::printf("stopped walk: StopJob from another thread after %lld records; %lld met in all, "
+                "%lld after the stop; job %s\n",
+                static_cast<long long>(stop.atStop), static_cast<long long>(stop.records),
+                static_cast<long long>(afterStop), stop.result ? "ok" : "failed, as a stop makes it");
     const bool agree =
         job.ok && job.records == bare.records && job.present == bare.present && job.outOfOrder == 0;
     if (!agree) {
         std::fprintf(stderr, "the walk and the bare scan disagree\n");
     }
-    return agree ? 0 : 1;
+    const bool stoppedInTime = stop.atStop >= 0 && afterStop <= 1 && !stop.result;
+    if (!stoppedInTime) {
+        std::fprintf(stderr, "the stopped walk did not end within one record of StopJob\n");
+    }
+    return agree && stoppedInTime ? 0 : 1;
 }
