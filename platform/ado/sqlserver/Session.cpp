@@ -71,12 +71,28 @@ QString unquotedName(const QString& table) {
     return table;
 }
 
+bool isBareName(const QString& text) {
+    static const QRegularExpression name(
+        uR"re(^\s*(?:\[[^\]]+\]|[A-Za-z_#@][\w#@$]*)(?:\.(?:\[[^\]]+\]|[A-Za-z_#@][\w#@$]*)){0,2}\s*$)re"_s);
+    static const QRegularExpression statement(
+        uR"re(^\s*(?:begin|commit|rollback|save|checkpoint|shutdown|reconfigure|return|break|continue|print|go)\s*$)re"_s,
+        QRegularExpression::CaseInsensitiveOption);
+    return name.match(text).hasMatch() && !statement.match(text).hasMatch();
+}
+
 } // namespace
 
 QString commandText(const CommandRequest& request) {
     switch (request.type) {
     case CommandTypeEnum::adCmdTable:
     case CommandTypeEnum::adCmdTableDirect: return u"select * from "_s + request.text;
+    case CommandTypeEnum::adCmdUnknown:
+        // ADO finds out what a text of unknown type is; a lone name without parameters is the
+        // table it names (the tool opens tables by name, and runs its procedures with exec or
+        // as stored procedures). T-SQL statements of one word stay statements.
+        return request.parameters.empty() && isBareName(request.text)
+                   ? u"select * from "_s + request.text.trimmed()
+                   : request.text;
     case CommandTypeEnum::adCmdStoredProc: {
         QStringList marks;
         for (std::size_t i = 0; i < request.parameters.size(); ++i) {

@@ -438,6 +438,27 @@ TEST_F(ProviderTest, AnEditableRecordsetWritesEachChangeBackByKey) {
     EXPECT_EQ(rs->Fields().Item(u"ID"_s).Value(), vb::Variant(std::int32_t(2)));
 }
 
+// A lone name of unknown command type opens the table, editable as a select of it would be;
+// a T-SQL statement of one word stays a statement.
+TEST_F(ProviderTest, ALoneNameOpensItsTable) {
+    open();
+    api.batches.push_back({docRows()});
+    api.batches.push_back(docColumns());
+    api.batches.push_back(docIndexes(true));
+    auto rs = std::make_shared<Recordset>();
+    rs->Open(u" [Doc] "_s, connection, CursorTypeEnum::adOpenKeyset, LockTypeEnum::adLockOptimistic,
+             adOptionUnspecified);
+    ASSERT_GE(calls(u"SQLExecDirect"_s).size(), 1);
+    EXPECT_EQ(calls(u"SQLExecDirect"_s).at(0), u"SQLExecDirect select * from [Doc]"_s);
+    EXPECT_TRUE(rs->Supports(adUpdate));
+    rs->Close();
+    api.log.clear();
+    connection->Execute(u"checkpoint"_s);
+    connection->Execute(u"select 1"_s);
+    EXPECT_EQ(calls(u"SQLExecDirect"_s),
+              QStringList({u"SQLExecDirect checkpoint"_s, u"SQLExecDirect select 1"_s}));
+}
+
 // A server cursor compares every value it read, so a row changed meanwhile is noticed too.
 TEST_F(ProviderTest, AServerCursorComparesEveryValueItRead) {
     open();

@@ -333,6 +333,12 @@ TEST_F(ServerSuite, ARowChangedOrDeletedByAnotherConnectionIsAConcurrencyViolati
     EXPECT_EQ(failureOf([&] { byKey->Update(); }), static_cast<std::int32_t>(0x80040E38u));
     EXPECT_EQ(byKey->Status(), adRecConcurrencyViolation);
     byKey->CancelUpdate();
+    // A lone name opens its table, editable.
+    RecordsetPtr named = openEditable(db, u"W2"_s);
+    EXPECT_TRUE(named->Supports(adUpdate));
+    named->Fields().Item(u"Name"_s).setValue(vb::Variant(u"Gialli"_s));
+    named->Update();
+    EXPECT_EQ(scalar(db, u"select Name from W2 where ID = 1"_s), vb::Variant(u"Gialli"_s));
     // A select of no table's own rows cannot be written back.
     RecordsetPtr joined = openEditable(
         db, u"select a.ID, b.Name from W2 a join W2 b on b.ID = a.ID"_s,
