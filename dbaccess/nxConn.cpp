@@ -44,6 +44,10 @@ QString nxConn::DBMSVersionFull() const {
 }
 
 ado::ConnectionPtr nxConn::CloneConnection() const noexcept {
+    return IgnoreErrors(ado::ConnectionPtr(), [&] { return CloneConnectionOrThrow(); });
+}
+
+ado::ConnectionPtr nxConn::CloneConnectionOrThrow() const {
     if (!m_connection) {
         return {};
     }
@@ -52,11 +56,9 @@ ado::ConnectionPtr nxConn::CloneConnection() const noexcept {
     }
     // The string the bound connection reports still holds the login, since it was opened with
     // "Persist Security Info=true".
-    return IgnoreErrors(ado::ConnectionPtr(), [&] {
-        auto c = ado::Connection::create();
-        c->Open(m_connection->ConnectionString(), {}, {}, ado::adOptionUnspecified);
-        return c;
-    });
+    auto c = ado::Connection::create();
+    c->Open(m_connection->ConnectionString(), {}, {}, ado::adOptionUnspecified);
+    return c;
 }
 
 void nxConn::CloseConnection(const ado::ConnectionPtr& c) const noexcept {
@@ -72,7 +74,7 @@ void nxConn::CloseConnection(const ado::ConnectionPtr& c) const noexcept {
 bool nxConn::schemaHasRows(int schema, const std::vector<vb::Variant>& restrictions,
                            const QString& filter,
                            const std::function<void(ado::Recordset&)>& onFound) const {
-    ado::ConnectionPtr c = CloneConnection();
+    ado::ConnectionPtr c = CloneConnectionOrThrow();
     if (!c) {
         return false;
     }
@@ -131,7 +133,7 @@ long nxConn::ColumnType(const QString& Table, const QString& Column, long* Size)
     // A column without a character length (numbers, dates) ends at the read of its length,
     // with the type already read and Size untouched.
     IgnoreErrors([&] {
-        ado::ConnectionPtr c = CloneConnection();
+        ado::ConnectionPtr c = CloneConnectionOrThrow();
         if (!c) {
             return;
         }
@@ -225,7 +227,7 @@ bool nxConn::IsDbLiteral(const QString& Word) const noexcept {
 QStringList nxConn::placedByOrdinal(int schema, const QString& table,
                                     const QString& ordinal) const {
     QStringList names;
-    ado::ConnectionPtr c = CloneConnection();
+    ado::ConnectionPtr c = CloneConnectionOrThrow();
     if (!c) {
         return names;
     }

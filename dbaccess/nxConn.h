@@ -29,8 +29,12 @@ public:
     QString DBMSVersionFull() const;
 
     // The connection a question runs on: a new one on the server, the bound one elsewhere, null
-    // when unbound.
+    // when unbound. A clone the server refuses is null too.
     ado::ConnectionPtr CloneConnection() const noexcept;
+    // The same for a question that has a trap of its own: a clone the server refuses raises its
+    // ado::Error there, so that the question reports under its own label (or gives its empty
+    // answer) instead of going on with no connection.
+    ado::ConnectionPtr CloneConnectionOrThrow() const;
     // Closes `c` only when its state is closed: an open clone ends with its last reference.
     void CloseConnection(const ado::ConnectionPtr& c) const noexcept;
 

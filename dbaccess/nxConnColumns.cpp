@@ -55,7 +55,7 @@ QString dropPair(const QString& text, QChar open, QChar close) {
 
 bool nxConn::IsIdentityField(const QString& Table, const QString& Column) const noexcept {
     return IgnoreErrors(false, [&] {
-        ado::ConnectionPtr c = CloneConnection();
+        ado::ConnectionPtr c = CloneConnectionOrThrow();
         if (!c) {
             return false;
         }
@@ -74,7 +74,7 @@ bool nxConn::IsIdentityField(const QString& Table, const QString& Column) const 
 
 bool nxConn::HasIdentityField(const QString& Table, QString* Column) const noexcept {
     return IgnoreErrors(false, [&] {
-        ado::ConnectionPtr c = CloneConnection();
+        ado::ConnectionPtr c = CloneConnectionOrThrow();
         if (!c) {
             return false;
         }
@@ -114,7 +114,7 @@ bool nxConn::HasIdentityField(const QString& Table, QString* Column) const noexc
 bool nxConn::CheckNullable(const QString& Table, const QString& Column,
                            bool Nullable) const noexcept {
     return IgnoreErrors(false, [&] {
-        ado::ConnectionPtr c = CloneConnection();
+        ado::ConnectionPtr c = CloneConnectionOrThrow();
         if (!c) {
             return false;
         }
@@ -143,7 +143,7 @@ QString nxConn::GetDefault(const QString& Table, const QString& Column) const no
     }
     return Edge(u"nxConn.GetDefault()", true, QString(), [&] {
         QString text;
-        ado::ConnectionPtr c = CloneConnection();
+        ado::ConnectionPtr c = CloneConnectionOrThrow();
         ado::RecordsetPtr rs =
             c->OpenSchema(ado::SchemaEnum::adSchemaColumns, {kFree, kFree, Table, Column});
         if (!(rs->Bof() && rs->Eof()) &&
@@ -166,7 +166,7 @@ QString nxConn::GetDefault(const QString& Table, const QString& Column) const no
 }
 
 QString nxConn::firstValue(const QString& statement, const QString& filter) const {
-    ado::ConnectionPtr c = CloneConnection();
+    ado::ConnectionPtr c = CloneConnectionOrThrow();
     if (!c) {
         return {};
     }

@@ -27,7 +27,7 @@ std::int32_t nxDb::TdRecordCount(const QString& Name, bool Silent) noexcept {
         if (!m_connUtils->TableExists(Name)) {
             return std::int32_t{0};
         }
-        ado::ConnectionPtr c = m_connUtils->CloneConnection();
+        ado::ConnectionPtr c = m_connUtils->CloneConnectionOrThrow();
         ado::RecordsetPtr rs = c->Execute(u"select count(*) from "_s + NormalizeTbl(Name, true));
         const std::int32_t count = longOf(rs->Fields(0).Value());
         rs->Close();

@@ -76,6 +76,46 @@ TEST_F(DbHandleTest, ARefusedCommandNamesItself) {
     EXPECT_TRUE(db.IsOpened());
 }
 
+// What fails on the server while a member asks it comes back as the member's empty answer and
+// is recorded under the member's label, with a box unless the call or the member is silent.
+TEST_F(DbHandleTest, FailedQuestionsCarryTheMembersLabel) {
+    nxDb db;
+    openServer(db);
+    server->script().schema(ado::SchemaEnum::adSchemaTables,
+                            {ado::SchemaRow(ado::SchemaEnum::adSchemaTables)
+                                 .set(u"TABLE_NAME", u"DOC"_s)
+                                 .set(u"TABLE_TYPE", u"TABLE"_s)
+                                 .take()});
+    server->script().fails(u"select count(*) from DOC"_s, kRefused);
+    box->answer(1);
+    EXPECT_EQ(db.TdRecordCount(u"DOC"_s), 0);
+    EXPECT_EQ(nxApp::LastError().Source(), u"nxDb.TdRecordCount()"_s);
+    EXPECT_EQ(nxApp::LastError().Number(), ado::toNumber(ado::HResult::DB_E_ERRORSINCOMMAND));
+    ASSERT_EQ(box->shown().size(), 1u);
+    EXPECT_EQ(db.TdRecordCount(u"DOC"_s, true), 0);
+    EXPECT_EQ(box->shown().size(), 1u);
+
+    // nxConn's column questions take a connection of their own; a refused login ends them.
+    const ado::Error login(ado::HResult::E_UNSPECIFIED, u"Login failed for user 'sa'."_s,
+                           u"Microsoft OLE DB Provider for SQL Server"_s, u"28000"_s, 18456);
+    server->script().openFails(login);
+    EXPECT_FALSE(db.ConnUtils()->ColumnExists(u"DOC"_s, u"A"_s));
+    EXPECT_EQ(nxApp::LastError().Source(), u"nxConn.ColumnExists()"_s);
+    EXPECT_EQ(nxApp::LastError().Description(), u"Login failed for user 'sa'."_s);
+    server->script().openFails(login);
+    EXPECT_EQ(db.ConnUtils()->GetDefault(u"DOC"_s, u"A"_s), QString());
+    EXPECT_EQ(nxApp::LastError().Source(), u"nxConn.GetDefault()"_s);
+    EXPECT_EQ(box->shown().size(), 1u); // both always silent
+    // The other questions give their empty answers and no message.
+    server->script().openFails(login);
+    EXPECT_FALSE(db.ConnUtils()->TableExists(u"DOC"_s));
+    server->script().openFails(login);
+    EXPECT_EQ(db.ConnUtils()->GetConstraintName(u"DOC"_s, u"A"_s), QString());
+    EXPECT_EQ(nxApp::LastError().Source(), u"nxConn.GetDefault()"_s); // no new report
+    EXPECT_EQ(box->shown().size(), 1u);
+    EXPECT_TRUE(db.IsOpened());
+}
+
 TEST_F(DbHandleTest, JetCommandsRunOnTheConnection) {
     nxDb db;
     openJet(db);
