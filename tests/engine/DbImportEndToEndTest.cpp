@@ -23,6 +23,7 @@
 #include "tests/support/Golden.h"
 
 #include <QDir>
+#include <QHash>
 
 #include <algorithm>
 
@@ -100,7 +101,8 @@ struct SourceFacts {
     long dictionaries = 0;
     vb::Variant description;
     std::vector<ado::Row> userColumns;
-    QStringList userTables; // archives and dictionaries present in the file
+    QStringList userTables; // archives (listed or not) and dictionaries present in the file
+    QHash<QString, long> records; // of each of those tables
 };
 
 SourceFacts readSource(const QString& path) {
@@ -134,7 +136,8 @@ SourceFacts readSource(const QString& path) {
         const bool archive = std::any_of(archives.begin(), archives.end(), [&](const auto& a) {
             return a.first.compare(table, Qt::CaseInsensitive) == 0;
         });
-        if (!archive && !table.startsWith(u"DIZ_"_s, Qt::CaseInsensitive)) {
+        if (!archive && !table.startsWith(u"DIZ_"_s, Qt::CaseInsensitive) &&
+            !table.startsWith(u"D_"_s, Qt::CaseInsensitive)) {
             continue;
         }
         if (!facts.userTables.contains(table)) {
@@ -145,6 +148,11 @@ SourceFacts readSource(const QString& path) {
             serverColumnType(columns->Fields(u"DATA_TYPE").Value().toLong().value_or(0))));
     }
     columns->Close();
+    for (const QString& table : facts.userTables) {
+        auto n = cn->Execute(u"select count(*) from ["_s + table + u"]"_s);
+        facts.records.insert(table, n->Fields(0L).Value().toLong().value_or(-1));
+        n->Close();
+    }
     cn->Close();
     return facts;
 }
@@ -505,6 +513,181 @@ TEST_F(DbImportEndToEndTest, ARefusedStopAmongTheDictionariesChangesNothing) {
     EXPECT_FALSE(runner->Stopped());
     ASSERT_EQ(box->shown().size(), 1u);
     EXPECT_TRUE(createdTables(server->journal().statements()).contains(u"DIZ_UFFICI"_s));
+    EXPECT_TRUE(QFile::exists(source + u".old"_s));
+}
+
+// The server of the run, until it drops every connection at the third insert of a chosen table:
+// that insert and everything after it fail as a lost network link does.
+class DroppingServer : public ado::Provider {
+public:
+    DroppingServer(std::shared_ptr<CreatingServer> inner, QString table)
+        : m_inner(std::move(inner)), m_state(std::make_shared<State>()) {
+        m_state->insert = u"insert into "_s + table + u" ("_s;
+    }
+    QString name() const override { return m_inner->name(); }
+    std::unique_ptr<ado::ProviderSession> open(const ado::OpenRequest& request) override {
+        m_state->check();
+        return std::make_unique<Session>(m_inner->open(request), m_state);
+    }
+    void createDatabase(const ado::ConnectionString& cs) override { m_inner->createDatabase(cs); }
+    bool dropped() const { return m_state->dropped; }
+
+private:
+    struct State {
+        QString insert;
+        int inserts = 0;
+        bool dropped = false;
+        void check() const {
+            if (dropped) {
+                throw ado::Error(ado::HResult::E_UNSPECIFIED,
+                                 u"[DBNETLIB][ConnectionWrite (send()).]General network error. "
+                                 u"Check your network documentation."_s,
+                                 u"Microsoft OLE DB Provider for SQL Server"_s);
+            }
+        }
+    };
+    class Session : public ado::ProviderSession {
+    public:
+        Session(std::unique_ptr<ado::ProviderSession> inner, std::shared_ptr<State> state)
+            : m_session(std::move(inner)), m_state(std::move(state)) {}
+        QString connectionString() const override { return m_session->connectionString(); }
+        std::vector<ado::PropertyValue> properties() const override {
+            return m_session->properties();
+        }
+        void setProperty(const ado::PropertyValue& value) override {
+            m_state->check();
+            m_session->setProperty(value);
+        }
+        ado::CommandResult execute(const ado::CommandRequest& request) override {
+            if (request.text.contains(m_state->insert) && ++m_state->inserts == 3) {
+                m_state->dropped = true;
+            }
+            m_state->check();
+            return m_session->execute(request);
+        }
+        std::unique_ptr<ado::ProviderRowset>
+        openSchema(ado::SchemaEnum schema, const std::vector<vb::Variant>& restrictions) override {
+            m_state->check();
+            return m_session->openSchema(schema, restrictions);
+        }
+        long beginTransaction() override {
+            m_state->check();
+            return m_session->beginTransaction();
+        }
+        void commitTransaction() override {
+            m_state->check();
+            m_session->commitTransaction();
+        }
+        void rollbackTransaction() override {
+            m_state->check();
+            m_session->rollbackTransaction();
+        }
+        ado::ProviderCatalog& catalog() override {
+            m_state->check();
+            return m_session->catalog();
+        }
+        void close() noexcept override { m_session->close(); }
+
+    private:
+        std::unique_ptr<ado::ProviderSession> m_session;
+        std::shared_ptr<State> m_state;
+    };
+
+    std::shared_ptr<CreatingServer> m_inner;
+    std::shared_ptr<State> m_state;
+};
+
+// The server goes away in the middle of an archive. The record that met the loss ends its table
+// with the failure's number and text, and the run goes on: the next archive's statements fail,
+// each with nxDb's box, its indexes with their event. The count of the dictionaries then fails
+// into the run's trap, whose rollback meets the lost connection too: that second failure is shown
+// and ends the run at once, without its close-down (no ImportEnd, no closing line in the log).
+// config.ini is not written and the source keeps its name.
+TEST_F(DbImportEndToEndTest, AServerThatDropsTheConnectionInATableFailsTheRun) {
+    const QString source = copySource(u"e2e"_s);
+    SKIP_WITHOUT_SOURCE(source);
+    answerFrom(readSource(source));
+    auto dropping = std::make_shared<DroppingServer>(server, u"D_FATTURE"_s);
+    ado::ScopedProvider scope(u"SQLOLEDB"_s, dropping);
+    for (int i = 0; i < 4; ++i) {
+        box->answer(win::id::kOk);
+    }
+
+    EXPECT_FALSE(convert(source));
+    EXPECT_TRUE(dropping->dropped());
+    const QString lost = u"[DBNETLIB][ConnectionWrite (send()).]General network error. Check "
+                         u"your network documentation."_s;
+    const QString number = u"-2147467259: "_s;
+    const QString index = u"create unique index CODICE on [D_PROTOCOLLO] (CODICE asc)"_s;
+    const qsizetype copy = events.lines.indexOf(u"UserTableDataCopy D_FATTURE"_s);
+    ASSERT_GE(copy, 0) << events.lines.join(u'\n').toStdString();
+    EXPECT_EQ(events.lines.mid(copy),
+              (QStringList{u"UserTableDataCopy D_FATTURE"_s, u"TableImportStart 5"_s,
+                           u"Error 3 "_s + number + lost, u"TableImportEnd"_s,
+                           u"UserTableImporting 3 D_PROTOCOLLO (Protocollo generale)"_s,
+                           u"UserTableCreating D_PROTOCOLLO"_s,
+                           u"UserTableIndexCreating D_PROTOCOLLO"_s,
+                           u"Error 4 (D_PROTOCOLLO) "_s + number + lost + u" ("_s + index + u")"_s,
+                           u"UserTableDataCopy D_PROTOCOLLO"_s, u"TableImportStart 20"_s,
+                           u"Error 3 (D_PROTOCOLLO) "_s + number + lost,
+                           u"UserTableImporting 4 D_RIMOSSO (Archivio rimosso)"_s,
+                           u"UserTableNotExisting D_RIMOSSO"_s}));
+    const QString execute = u"\r\n\r\nnxDb.Execute() (errore -2147467259, 0x80004005)"_s;
+    QStringList texts;
+    for (const auto& shown : box->shown()) {
+        texts << shown.text;
+        EXPECT_EQ(shown.flags, 48);
+    }
+    ASSERT_EQ(texts.size(), 4);
+    EXPECT_EQ(texts.at(0),
+              lost + u" (update D_FATTURE set ARCHIVIATO=0 where ARCHIVIATO is null)"_s + execute);
+    EXPECT_TRUE(texts.at(1).startsWith(lost + u" (create table D_PROTOCOLLO ("_s));
+    EXPECT_EQ(texts.at(2), lost + u" ("_s + index + u")"_s + execute);
+    EXPECT_EQ(texts.at(3), lost + u"\r\n\r\nDbImport.DbImport() (errore -2147467259, 0x80004005)"_s);
+    // The log holds what the verification wrote, and nothing after.
+    EXPECT_EQ(logLines(), (QStringList{u"==================================================="_s,
+                                       u"Tabella D_BOZZE non presente in DB_ELENCO. Non verrà importata."_s,
+                                       u"==================================================="_s}));
+    EXPECT_FALSE(QFile::exists(dir.file(u"config.ini"_s)));
+    EXPECT_TRUE(QFile::exists(source));
+    EXPECT_FALSE(QFile::exists(source + u".old"_s));
+}
+
+// The inserts the server received, by table.
+QHash<QString, long> insertsByTable(const QStringList& statements) {
+    QHash<QString, long> counts;
+    const QString insert = u"insert into "_s;
+    for (const QString& statement : statements) {
+        const qsizetype at = statement.indexOf(insert);
+        if (at < 0) {
+            continue;
+        }
+        QString table = statement.mid(at + insert.size()).section(u' ', 0, 0);
+        if (table.startsWith(u'[') && table.endsWith(u']')) {
+            table = table.mid(1, table.size() - 2);
+        }
+        ++counts[table];
+    }
+    return counts;
+}
+
+// The larger source, 1,400 archive records with memos of mixed scripts: every record of every
+// listed archive and of each dictionary reaches the server as one insert; the archive in the file
+// but not in DB_ELENCO sends none.
+TEST_F(DbImportEndToEndTest, EveryRecordOfTheSmallSourceBecomesOneInsert) {
+    const QString source = copySource(u"small"_s);
+    SKIP_WITHOUT_SOURCE(source);
+    const SourceFacts facts = readSource(source);
+    answerFrom(facts);
+    EXPECT_TRUE(convert(source)) << lastErrorReport();
+    EXPECT_TRUE(box->shown().empty());
+    const QHash<QString, long> inserts = insertsByTable(server->journal().statements());
+    EXPECT_EQ(facts.records.value(u"D_PROTOCOLLO"_s), 1000);
+    for (const QString& table : facts.userTables) {
+        const long expected = table == u"D_BOZZE"_s ? 0 : facts.records.value(table);
+        EXPECT_EQ(inserts.value(table), expected) << table.toStdString();
+    }
+    EXPECT_TRUE(facts.userTables.contains(u"D_BOZZE"_s));
     EXPECT_TRUE(QFile::exists(source + u".old"_s));
 }
 
