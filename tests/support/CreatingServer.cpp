@@ -1,19 +1,19 @@
 #include "tests/support/CreatingServer.h"
 
+#include "tests/support/ForwardingSession.h"
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
-class CreatingSession : public ado::ProviderSession {
+// "create database X" makes X appear in the catalogs rowset; everything else is forwarded.
+class CreatingSession : public ForwardingSession {
 public:
     CreatingSession(std::unique_ptr<ado::ProviderSession> inner, ado::recording::Script& script)
-        : m_inner(std::move(inner)), m_script(script) {}
+        : ForwardingSession(std::move(inner)), m_script(script) {}
 
-    QString connectionString() const override { return m_inner->connectionString(); }
-    std::vector<ado::PropertyValue> properties() const override { return m_inner->properties(); }
-    void setProperty(const ado::PropertyValue& value) override { m_inner->setProperty(value); }
     ado::CommandResult execute(const ado::CommandRequest& request) override {
-        ado::CommandResult result = m_inner->execute(request);
+        ado::CommandResult result = ForwardingSession::execute(request);
         const QString prefix = u"create database "_s;
         if (request.text.startsWith(prefix)) {
             m_script.schema(ado::SchemaEnum::adSchemaCatalogs,
@@ -21,18 +21,8 @@ public:
         }
         return result;
     }
-    std::unique_ptr<ado::ProviderRowset>
-    openSchema(ado::SchemaEnum schema, const std::vector<vb::Variant>& restrictions) override {
-        return m_inner->openSchema(schema, restrictions);
-    }
-    long beginTransaction() override { return m_inner->beginTransaction(); }
-    void commitTransaction() override { m_inner->commitTransaction(); }
-    void rollbackTransaction() override { m_inner->rollbackTransaction(); }
-    ado::ProviderCatalog& catalog() override { return m_inner->catalog(); }
-    void close() noexcept override { m_inner->close(); }
 
 private:
-    std::unique_ptr<ado::ProviderSession> m_inner;
     ado::recording::Script& m_script;
 };
 
