@@ -1,5 +1,7 @@
 #include "engine/RecordInsert.h"
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace engine {
@@ -52,12 +54,12 @@ int FieldKind(long adoType) {
     return 0;
 }
 
-std::optional<vb::Variant> ParameterValue(long adoType, const vb::Variant& value) {
+std::optional<vb::Variant> ParameterValue(long adoType, vb::Variant value) {
     switch (FieldKind(adoType)) {
     case 1:
     case 2:
     case 4:
-        return value;
+        return value; // moved: a parameter is returned as an rvalue
     case 3:
         return vb::Variant(static_cast<std::int32_t>(isTrue(value) ? 1 : 0));
     default:
@@ -67,30 +69,51 @@ std::optional<vb::Variant> ParameterValue(long adoType, const vb::Variant& value
 
 InsertStatement ComposeInsert(const QString& table, const QList<RecordField>& fields,
                               const IdentityColumns& identity, const KeywordTest& isKeyword) {
+    InsertStatement out = ComposeInsertText(table, fields, identity, isKeyword);
+    out.parameters = InsertParameters(fields);
+    return out;
+}
+
+InsertStatement ComposeInsertText(const QString& table, const QList<RecordField>& fields,
+                                  const IdentityColumns& identity, const KeywordTest& isKeyword) {
     InsertStatement out;
-    QStringList columns;
-    QStringList marks;
+    QString columns;
+    QString marks;
     bool wrapDecided = false;
     for (const RecordField& field : fields) {
         if (field.value.isNull()) {
             continue;
         }
-        out.parameters.append({field.name, field.adoType,
-                               ParameterSize(field.adoType, field.definedSize),
-                               ParameterValue(field.adoType, field.value)});
-        columns << EncloseFieldName(field.name, isKeyword);
-        marks << u"?"_s;
+        if (!marks.isEmpty()) {
+            columns += u", "_s;
+            marks += u", "_s;
+        }
+        columns += EncloseFieldName(field.name, isKeyword);
+        marks += u'?';
         if (!wrapDecided && field.index == identity.sourceAutoincrement) {
             wrapDecided = true;
             out.identityWrap = field.index == identity.destinationIdentity;
         }
     }
     const QString enclosed = EncloseTableName(table);
-    out.text = u"insert into "_s + enclosed + u" ("_s + columns.join(u", "_s) + u") values ("_s +
-               marks.join(u", "_s) + u')';
+    out.text = u"insert into "_s + enclosed + u" ("_s + columns + u") values ("_s + marks + u')';
     if (out.identityWrap) {
         out.text = u"set identity_insert "_s + enclosed + u" on; "_s + out.text +
                    u"; set identity_insert "_s + enclosed + u" off"_s;
+    }
+    return out;
+}
+
+QList<InsertParameter> InsertParameters(QList<RecordField> fields) {
+    QList<InsertParameter> out;
+    out.reserve(fields.size());
+    for (RecordField& field : fields) {
+        if (field.value.isNull()) {
+            continue;
+        }
+        out.append({std::move(field.name), field.adoType,
+                    ParameterSize(field.adoType, field.definedSize),
+                    ParameterValue(field.adoType, std::move(field.value))});
     }
     return out;
 }

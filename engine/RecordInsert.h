@@ -51,12 +51,20 @@ long ParameterSize(long adoType, long definedSize);
 int FieldKind(long adoType);
 
 // The value a parameter carries: booleans travel as 1 or 0, other kinds as they are.
-std::optional<vb::Variant> ParameterValue(long adoType, const vb::Variant& value);
+std::optional<vb::Variant> ParameterValue(long adoType, vb::Variant value);
 
 // Null fields are left out, so the column takes its server default. A record whose fields are
 // all null gives "insert into T () values ()", which the server refuses.
 InsertStatement ComposeInsert(const QString& table, const QList<RecordField>& fields,
                               const IdentityColumns& identity, const KeywordTest& isKeyword = {});
+
+// ComposeInsert in two halves. The text and the identity wrap depend only on which fields are
+// present (the values are looked at for null only), so the record copy keeps one per pattern of
+// nulls; the parameters carry the record's values, moved out of the fields given.
+InsertStatement ComposeInsertText(const QString& table, const QList<RecordField>& fields,
+                                  const IdentityColumns& identity,
+                                  const KeywordTest& isKeyword = {});
+QList<InsertParameter> InsertParameters(QList<RecordField> fields);
 
 // Sets to 0 what the inserts left null in a bit column.
 QString BooleanFixStatement(const QString& table, const QString& column,

@@ -1,5 +1,7 @@
 #include "engine/SqlNames.h"
 
+#include <QSet>
+
 using namespace Qt::StringLiterals;
 
 namespace engine {
@@ -66,7 +68,21 @@ QString EncloseFieldName(const QString& name, const KeywordTest& isKeyword) {
 }
 
 bool IsReservedWord(const QString& name) {
-    return QStringView(kReservedWords).contains(u' ' + name.toUpper() + u' ');
+    // The record copy asks for every field of every record: one word is looked up in a set made
+    // once; a name with a blank is matched against the list itself, where a run of words such as
+    // "ADD ALL" counts as found.
+    static const QSet<QString> words = [] {
+        QSet<QString> set;
+        for (const QStringView word : QStringView(kReservedWords).split(u' ', Qt::SkipEmptyParts)) {
+            set.insert(word.toString());
+        }
+        return set;
+    }();
+    const QString upper = name.toUpper();
+    if (!upper.contains(u' ')) {
+        return words.contains(upper);
+    }
+    return QStringView(kReservedWords).contains(u' ' + upper + u' ');
 }
 
 QString StripQuotes(const QString& text) {

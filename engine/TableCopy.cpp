@@ -140,6 +140,7 @@ void TableCopy::onBeforeJob(nxRs& rs, bool& result) {
     m_autoIncrementIndex = -1;
     m_identityName.clear();
     m_identityIndex = -1;
+    m_insertTexts.clear();
 
     const ado::adox::CatalogPtr& catalog = m_run.src.Db();
     if (catalog) {
@@ -174,30 +175,39 @@ void TableCopy::onRecord(nxRs& rs, bool& result) {
         }
         // Null fields are left out, so their columns take the server's default.
         ado::Fields& fields = rs.rs()->Fields();
+        const long count = fields.Count();
         QList<RecordField> present;
-        for (long i = 0; i < fields.Count(); ++i) {
-            const vb::Variant which(static_cast<std::int32_t>(i));
-            if (rs.FldIsNull(which)) {
+        present.reserve(count);
+        QByteArray pattern(count, '0');
+        for (long i = 0; i < count; ++i) {
+            vb::Variant value = rs.FldGet(vb::Variant(static_cast<std::int32_t>(i)), vb::Null{});
+            if (value.isNull()) {
                 continue;
             }
+            pattern[static_cast<qsizetype>(i)] = '1';
             ado::Field& f = fields.Item(i);
-            present.append({f.Name(), rs.FldIndex(which), static_cast<long>(f.Type()),
-                            f.DefinedSize(), f.Value()});
+            present.append({f.Name(), i, static_cast<long>(f.Type()), f.DefinedSize(),
+                            std::move(value)});
         }
-        const InsertStatement insert = ComposeInsert(
-            rs.Name(), present, {m_autoIncrementIndex, m_identityIndex}, m_names.ServerKeywords());
-        for (const InsertParameter& p : insert.parameters) {
+        auto text = m_insertTexts.constFind(pattern);
+        if (text == m_insertTexts.constEnd()) {
+            text = m_insertTexts.insert(
+                pattern, ComposeInsertText(rs.Name(), present,
+                                           {m_autoIncrementIndex, m_identityIndex},
+                                           m_names.ServerKeywords()));
+        }
+        for (InsertParameter& p : InsertParameters(std::move(present))) {
             ado::ParameterPtr parameter = m_command->CreateParameter(
                 p.name, static_cast<ado::DataTypeEnum>(p.adoType),
                 ado::ParameterDirectionEnum::adParamInput, p.size);
             if (p.value) {
-                parameter->setValue(*p.value);
+                parameter->setValue(std::move(*p.value));
             }
             parameters.Append(parameter);
         }
         nxStringBuilder& sb = m_run.sb1;
         sb.Reset();
-        sb.Append(insert.text);
+        sb.Append(text->text);
         m_command->setCommandText(sb.ToString());
         m_command->Execute(nullptr, nullptr, ado::adExecuteNoRecords);
     } catch (...) {

@@ -1,9 +1,12 @@
 #pragma once
 
 #include "engine/PhaseContext.h"
+#include "engine/RecordInsert.h"
 
 #include "platform/ado/Command.h"
 
+#include <QByteArray>
+#include <QHash>
 #include <QString>
 #include <QStringList>
 
@@ -77,6 +80,9 @@ private:
     std::int32_t m_identityIndex = -1;
     QStringList m_booleanColumns;
     std::int32_t m_recordCount = 0;
+    // The insert text of each pattern of null fields met so far ('1' a field present, '0'
+    // null), without parameters: a table has few patterns and many records.
+    QHash<QByteArray, InsertStatement> m_insertTexts;
 };
 
 } // namespace engine

@@ -26,30 +26,25 @@ vb::Variant field(ado::Recordset& rs, const char16_t* name) {
 
 // CLng and CBool of a rowset value, failing as the run time fails on Null or on text that is no
 // number or boolean.
-long longOf(const vb::Variant& value) {
+template <class Convert> auto converted(const vb::Variant& value, Convert convert) {
     if (value.isNull()) {
         vb::Raise(vb::errors::kInvalidUseOfNull, u"DbImport"_s,
                   vb::ErrorText(vb::errors::kInvalidUseOfNull));
     }
-    const auto n = value.toLong();
-    if (!n) {
+    const auto out = convert(value);
+    if (!out) {
         vb::Raise(vb::errors::kTypeMismatch, u"DbImport"_s,
                   vb::ErrorText(vb::errors::kTypeMismatch));
     }
-    return *n;
+    return *out;
+}
+
+long longOf(const vb::Variant& value) {
+    return converted(value, [](const vb::Variant& v) { return v.toLong(); });
 }
 
 bool boolOf(const vb::Variant& value) {
-    if (value.isNull()) {
-        vb::Raise(vb::errors::kInvalidUseOfNull, u"DbImport"_s,
-                  vb::ErrorText(vb::errors::kInvalidUseOfNull));
-    }
-    const auto b = value.toBool();
-    if (!b) {
-        vb::Raise(vb::errors::kTypeMismatch, u"DbImport"_s,
-                  vb::ErrorText(vb::errors::kTypeMismatch));
-    }
-    return *b;
+    return converted(value, [](const vb::Variant& v) { return v.toBool(); });
 }
 
 constexpr long kBoolean = 11;

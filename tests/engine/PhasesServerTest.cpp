@@ -12,47 +12,21 @@
 
 #include "PhaseFixture.h"
 
+#include "tests/engine/DbImportFixture.h"
+#include "tests/support/RealServer.h"
+
 #include "jobs/nxRsJob.h"
 
 #include "platform/ado/Error.h"
 #include "platform/ado/Field.h"
 #include "platform/ado/Recordset.h"
 
-#include <QCoreApplication>
 #include <QElapsedTimer>
 
 #include <iostream>
 
 namespace phasetest {
 namespace {
-
-QString env(const char* name) { return qEnvironmentVariable(name); }
-
-QString solvaria(const QString& name) {
-#ifdef SOLVARIA_DIR
-    return QStringLiteral(SOLVARIA_DIR) + u"/solvaria-"_s + name + u".mdb"_s;
-#else
-    (void)name;
-    return {};
-#endif
-}
-
-QString serverString(const QString& database) {
-    QString s = u"Provider=SQLOLEDB;Data Source="_s + env("UPSIZER_TEST_SERVER") + u";User ID="_s +
-                env("UPSIZER_TEST_USER") + u";Password=\""_s +
-                env("UPSIZER_TEST_PASSWORD").replace(u"\""_s, u"\"\""_s) +
-                u"\";Connect Timeout=5"_s;
-    if (!database.isEmpty()) {
-        s += u";Initial Catalog="_s + database;
-    }
-    return s;
-}
-
-ado::ConnectionPtr openServer(const QString& database) {
-    ado::ConnectionPtr c = ado::Connection::create();
-    c->Open(serverString(database));
-    return c;
-}
 
 // Every row of a query, its fields joined with "|".
 QStringList query(const ado::ConnectionPtr& c, const QString& sql) {
@@ -85,7 +59,7 @@ protected:
     void SetUp() override {
         PhaseTest::SetUp();
         jetScope.reset();
-        const QString built = solvaria(u"small"_s);
+        const QString built = enginetest::solvariaSource(u"small"_s);
         if (built.isEmpty() || !QFile::exists(built)) {
             GTEST_SKIP() << "the Solvaria sources are built only with -DUPSIZER_MDBGEN=ON";
         }
@@ -113,15 +87,12 @@ TEST_F(JetSourceTest, TheArchivesOfTheSourceBecomeOneStatementEach) {
 class PhasesServerTest : public JetSourceTest {
 protected:
     static void SetUpTestSuite() {
-        if (env("UPSIZER_TEST_SERVER").isEmpty()) {
+        if (!realserver::isNamed()) {
             return;
         }
-        s_database = u"upsizer_phases%1"_s.arg(QCoreApplication::applicationPid());
+        s_database = realserver::scratchName(u"phases"_s);
         try {
-            ado::ConnectionPtr master = openServer({});
-            master->Execute(u"if db_id('%1') is not null drop database %1"_s.arg(s_database));
-            master->Execute(u"create database "_s + s_database);
-            master->Close();
+            realserver::recreateDatabase(s_database);
         } catch (const ado::Error& e) {
             s_setupError = e.description();
         }
@@ -131,16 +102,14 @@ protected:
             return;
         }
         try {
-            openServer({})->Execute(u"drop database "_s + s_database);
+            realserver::dropDatabase(s_database);
         } catch (const ado::Error& e) {
             std::cerr << "could not drop " << s_database.toStdString() << ": "
                       << e.description().toStdString() << '\n';
         }
     }
     void SetUp() override {
-        if (env("UPSIZER_TEST_SERVER").isEmpty()) {
-            GTEST_SKIP() << "UPSIZER_TEST_SERVER is not set: no real server for the phases";
-        }
+        REQUIRE_REAL_SERVER();
         if (s_setupError.contains(u"single-db mode"_s)) {
             // A server that holds one user database at a time, and another suite's is there.
             GTEST_SKIP() << "the server refused a database of this suite's own: "
@@ -152,12 +121,11 @@ protected:
             return;
         }
         serverScope.reset();
-        ASSERT_MEMBER_OK(run->dest.DbOpen(s_database, 8, true, kServer,
-                                         env("UPSIZER_TEST_SERVER"), 2, env("UPSIZER_TEST_USER"),
-                                         env("UPSIZER_TEST_PASSWORD")));
+        ASSERT_MEMBER_OK(run->dest.DbOpen(s_database, 8, true, kServer, realserver::server(), 2,
+                                         realserver::user(), realserver::password()));
         run->destConn.Connection(run->dest.ConnUtils()->CloneConnection());
-        run->masterConn.Connection(openServer({}));
-        check = openServer(s_database);
+        run->masterConn.Connection(realserver::open());
+        check = realserver::open(s_database);
     }
     void TearDown() override {
         if (check) {

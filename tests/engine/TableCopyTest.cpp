@@ -116,6 +116,38 @@ TEST_F(TableCopyTest, EachRecordIsOneInsertOfItsNonNullFields) {
     EXPECT_EQ(work.at(3), u"execute: update D_ABC set [Data ora]=0 where [Data ora] is null"_s);
 }
 
+// The text of an insert is kept per pattern of nulls; the values are each record's own.
+TEST_F(TableCopyTest, RecordsOfOnePatternShareTheTextButNotTheValues) {
+    sourceRows({
+        {vb::Variant(std::int32_t{1}), kNull, vb::Variant(u"uno"_s), kNull, kNull, kNull},
+        {vb::Variant(std::int32_t{2}), kNull, kNull, vb::Variant(true), kNull, kNull},
+        {vb::Variant(std::int32_t{3}), kNull, vb::Variant(u"tre"_s), kNull, kNull, kNull},
+        {vb::Variant(std::int32_t{4}), vb::Variant(std::int32_t{40}), vb::Variant(u"quattro"_s),
+         kNull, kNull, kNull},
+        {vb::Variant(std::int32_t{5}), kNull, kNull, vb::Variant(false), kNull, kNull},
+    });
+    engine::TableRecreation names(run->context());
+    engine::TableCopy phase(run->context(), names, *job);
+    EXPECT_TRUE(phase.CopyTableData(u"D_ABC"_s));
+    const QStringList work = serverWork();
+    ASSERT_EQ(work.size(), 7) << work.join(u'\n').toStdString();
+    EXPECT_EQ(work.mid(0, 5),
+              (QStringList{
+                  u"execute: insert into D_ABC (SYS_RECORD, TESTO) values (?, ?) "
+                  u"[SYS_RECORD adInteger(3) size 0 = 1, TESTO adVarWChar(202) size 0 = 'uno']"_s,
+                  u"execute: insert into D_ABC (SYS_RECORD, FLAG) values (?, ?) "
+                  u"[SYS_RECORD adInteger(3) size 0 = 2, FLAG adBoolean(11) size 0 = 1]"_s,
+                  u"execute: insert into D_ABC (SYS_RECORD, TESTO) values (?, ?) "
+                  u"[SYS_RECORD adInteger(3) size 0 = 3, TESTO adVarWChar(202) size 0 = 'tre']"_s,
+                  u"execute: set identity_insert D_ABC on; insert into D_ABC (SYS_RECORD, ID, "
+                  u"TESTO) values (?, ?, ?); set identity_insert D_ABC off "
+                  u"[SYS_RECORD adInteger(3) size 0 = 4, ID adInteger(3) size 0 = 40, "
+                  u"TESTO adVarWChar(202) size 0 = 'quattro']"_s,
+                  u"execute: insert into D_ABC (SYS_RECORD, FLAG) values (?, ?) "
+                  u"[SYS_RECORD adInteger(3) size 0 = 5, FLAG adBoolean(11) size 0 = 0]"_s,
+              }));
+}
+
 TEST_F(TableCopyTest, ARefusedRecordEndsItsTableButNotTheRun) {
     sourceRows({
         {vb::Variant(std::int32_t{1}), kNull, vb::Variant(u"uno"_s), kNull, kNull, kNull},
