@@ -174,6 +174,10 @@ void frmMain::buildControls() {
         bar->setValue(0);
     }
     lblRec = named(new QLabel, u"lblRec"_s);
+    // Room for the record job's count ("1.000.000 di 1.000.000 record"), which the job shortens to
+    // the width of the label.
+    lblRec->setMinimumWidth(
+        lblRec->fontMetrics().horizontalAdvance(u"0.000.000 di 0.000.000 record"_s) + 16);
     auto* activity = new QGridLayout(Frame3);
     activity->addWidget(lstLog, 0, 0, 1, 2);
     activity->addWidget(pgBarTbl, 1, 0, 1, 2);

@@ -179,9 +179,9 @@ QString earlyFailure(const Options& options) {
         reason = what + u" or the check of the database name failed during the run; the "
                         u"connection opens now, so try the run again"_s;
     } catch (const ado::Error& e) {
-        reason = what + u" failed: "_s + e.description() + u" ("_s +
-                 QString::number(e.hresult()) + u"); check the server name, the login and the "
-                                                    u"password"_s;
+        reason = what + u" failed: "_s + e.description() + u" ("_s + QString::number(e.hresult()) +
+                 u"); check the server name, the login and the "
+                 u"password"_s;
     } catch (const std::exception& e) {
         reason = what + u" failed: "_s + QString::fromLocal8Bit(e.what());
     }
@@ -292,8 +292,7 @@ int run(const Options& options, const ImportRunFactory& runs, QTextStream& out, 
             lastSaid = earlyFailure(options);
         } else {
             lastSaid = u"The run stopped after \""_s + printed.lastActivity() +
-                       u"\"; read the log "_s + QDir::toNativeSeparators(logPath(options)) +
-                       u"."_s;
+                       u"\"; read the log "_s + QDir::toNativeSeparators(logPath(options)) + u"."_s;
         }
     }
     err << u"upsizer-cli: Importazione fallita."_s;

@@ -97,10 +97,11 @@ TEST_F(CliDbImportTest, ARefusedLoginIsTheReasonAndThePasswordShowsNowhere) {
               cli::kFailed);
     // The run traps the refused login without a word; the line names the connection, the
     // server's answer, and that there is no log to read.
-    EXPECT_EQ(err, u"upsizer-cli: Importazione fallita. The connection to the server 'srv' as "
-                   u"'sa' failed: Login failed for user 'sa'. (%1); check the server name, the "
-                   u"login and the password. Nothing was written on the server and no log was "
-                   u"opened.\n"_s.arg(static_cast<std::int32_t>(ado::HResult::DB_SEC_E_AUTH_FAILED)));
+    EXPECT_EQ(err,
+              u"upsizer-cli: Importazione fallita. The connection to the server 'srv' as "
+              u"'sa' failed: Login failed for user 'sa'. (%1); check the server name, the "
+              u"login and the password. Nothing was written on the server and no log was "
+              u"opened.\n"_s.arg(static_cast<std::int32_t>(ado::HResult::DB_SEC_E_AUTH_FAILED)));
     // The password went to the server, and nowhere else.
     ASSERT_FALSE(provider->journal().entries().empty());
     EXPECT_TRUE(provider->journal().entries()[0].text.contains(u"s3gr3ta!"_s));

@@ -8,8 +8,10 @@
 
 #include <QComboBox>
 #include <QDir>
+#include <QImage>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPixmap>
 #include <QPushButton>
 #include <QTest>
 
@@ -35,6 +37,24 @@ public:
     QString seenFilter;
     QString seenInitDir;
 };
+
+// A picture of the window for the README. The window is grabbed in every run (so a window that
+// can no longer paint fails here); the file under docs/screens is rewritten only with
+// UPSIZER_UPDATE_SCREENSHOTS=1.
+inline void saveScreen(QWidget& window, const QString& name) {
+    QCoreApplication::processEvents();
+    const QPixmap picture = window.grab();
+    ASSERT_FALSE(picture.isNull());
+    EXPECT_EQ(picture.size(), window.size());
+    // Not a blank picture: the controls are drawn in more than one colour.
+    const QImage image = picture.toImage();
+    EXPECT_NE(image.pixel(5, 5), image.pixel(image.width() / 2, image.height() / 2 + 40));
+    if (qEnvironmentVariable("UPSIZER_UPDATE_SCREENSHOTS") == QStringLiteral("1")) {
+        const QString folder = QStringLiteral(UPSIZER_SOURCE_DIR) + QStringLiteral("/docs/screens");
+        QDir().mkpath(folder);
+        EXPECT_TRUE(picture.save(folder + QStringLiteral("/") + name));
+    }
+}
 
 // A window on a started library with a registry, message boxes and a file dialog of the test's
 // own, and no server search unless a test gives one.
