@@ -225,7 +225,8 @@ protected:
     }
 
     // After the creation the server holds the suite's system tables, with the foreign keys of
-    // the relations that cascade, listed by name as SQL Server's catalog lists them.
+    // the relations that cascade (the 62 qzSystem::DbCreate makes), listed by name as SQL
+    // Server's catalog lists them.
     void holdSystemTables() {
         const schema::Catalogue& catalogue = schema::Catalogue::builtIn();
         QList<const schema::TableDef*> tables;
@@ -241,7 +242,9 @@ protected:
         for (const schema::TableDef* t : tables) {
             std::vector<ado::CatalogKey> keys;
             for (const schema::RelationDef& r : catalogue.relations()) {
-                if (r.table.compare(t->name, Qt::CaseInsensitive) == 0) {
+                // A relation that cascades nothing is never made on the server.
+                const bool made = r.deleteRule != 0 || r.updateRule != 0;
+                if (made && r.table.compare(t->name, Qt::CaseInsensitive) == 0) {
                     keys.push_back(ado::CatalogKey{r.name, ado::KeyTypeEnum::adKeyForeign,
                                                    r.relatedTable, {}, {}, {}});
                 }
