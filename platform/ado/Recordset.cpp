@@ -33,12 +33,19 @@ CommandTypeEnum commandTypeOf(long options) {
     return static_cast<CommandTypeEnum>(options & kTypeBits);
 }
 
+// OLE DB's DB_E_DELETEDROW: the row to change is no longer there. The record is then invalid,
+// the one status a caller may try again on.
+constexpr auto kDeletedRow = static_cast<HResult>(0x80040E23u);
+
 long statusAfter(const Error& error) {
     if (error.is(HResult::DB_E_INTEGRITYVIOLATION)) {
         return adRecIntegrityViolation;
     }
     if (error.is(HResult::DB_E_CONCURRENCYVIOLATION)) {
         return adRecConcurrencyViolation;
+    }
+    if (error.is(kDeletedRow)) {
+        return adRecInvalid;
     }
     return adRecCanceled;
 }
@@ -488,10 +495,9 @@ void Recordset::setActiveConnection(const ConnectionPtr& connection) {
 }
 
 vb::Variant Recordset::fieldValue(int column) const {
-    // The common read, on a forward-only row with no edit under way, goes straight to the
-    // provider: a scan reads every value of every row through here.
-    if (m_rowset && m_edit.mode() == EditModeEnum::adEditNone && !m_navigator.scrollable() &&
-        m_navigator.hasCurrent()) {
+    // The common read, with no edit under way and the provider standing on the current row,
+    // goes straight to the provider: a scan reads every value of every row through here.
+    if (m_rowset && m_edit.mode() == EditModeEnum::adEditNone && m_navigator.providerOnCurrent()) {
         try {
             return m_rowset->value(column);
         } catch (const Error& e) {

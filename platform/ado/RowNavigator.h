@@ -23,6 +23,10 @@ public:
     bool bof() const noexcept { return m_bof; }
     bool eof() const noexcept { return m_eof; }
     bool hasCurrent() const noexcept { return !m_bof && !m_eof; }
+    // There is a current row and the provider stands on it, so its values can be read at once.
+    bool providerOnCurrent() const noexcept {
+        return hasCurrent() && (!m_scrollable || m_providerAt == m_pos);
+    }
 
     // Each positions on the first matching row in its direction, or leaves BOF or EOF set. The
     // caller has checked that a move from BOF or EOF is allowed.
