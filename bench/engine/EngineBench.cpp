@@ -278,6 +278,8 @@ int main(int argc, char** argv) {
     const double phaseCpu = cpuSeconds() - cpuStart;
     const long rssEnd = statusKiB("VmRSS:");
     const long rssPeak = statusKiB("VmHWM:");
+    const long rssAnon = statusKiB("RssAnon:");
+    const long rssFile = statusKiB("RssFile:");
     const Tally& tally = server->tally();
     const auto rate = [](long long n, double secs) { return static_cast<double>(n) / secs; };
     std::printf("%s: %lld tables, %lld records, %lld present values\n", argv[1],
@@ -288,8 +290,9 @@ int main(int argc, char** argv) {
                 "create, indexes, count, copy and boolean fix of every table\n",
                 rate(work.records, phaseWall), phaseWall, phaseCpu,
                 rate(work.records, phaseCpu));
-    std::printf("resident memory: %ld KiB before, %ld KiB after, %ld KiB at most\n", rssStart,
-                rssEnd, rssPeak);
+    std::printf("resident memory: %ld KiB before, %ld KiB after (%ld KiB anonymous, %ld KiB of "
+                "mapped files), %ld KiB at most\n",
+                rssStart, rssEnd, rssAnon, rssFile, rssPeak);
     std::printf("server handed %lld inserts with %lld parameters, %lld other statements\n",
                 tally.inserts, tally.parameters, tally.others);
     if (!ok || tally.inserts != work.records || tally.parameters != work.values) {
