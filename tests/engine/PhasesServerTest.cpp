@@ -20,8 +20,11 @@
 #include "platform/ado/Error.h"
 #include "platform/ado/Field.h"
 #include "platform/ado/Recordset.h"
+#include "platform/jetfile/Database.h"
+#include "platform/jetfile/RowCursor.h"
 
 #include <QElapsedTimer>
+#include <QRegularExpression>
 
 #include <iostream>
 
@@ -41,6 +44,26 @@ QStringList query(const ado::ConnectionPtr& c, const QString& sql) {
         r->MoveNext();
     }
     r->Close();
+    return out;
+}
+
+// SYS_RECORD, CODICE, OGGETTO and NOTE of the given records of an archive, read from the file
+// by jetfile (the Jet provider answers no such query), fields joined with "|".
+QStringList fileRows(const QString& path, const QString& table, const QList<long>& records) {
+    QStringList out;
+    const auto db = jetfile::Database::open(path);
+    auto cursor = db.scan(table);
+    const QStringList names = {u"SYS_RECORD"_s, u"CODICE"_s, u"OGGETTO"_s, u"NOTE"_s};
+    while (cursor.next()) {
+        if (!records.contains(cursor.value(u"SYS_RECORD").toLong().value_or(-1))) {
+            continue;
+        }
+        QStringList fields;
+        for (const QString& name : names) {
+            fields << cursor.value(name).toString();
+        }
+        out << fields.join(u'|');
+    }
     return out;
 }
 
@@ -182,8 +205,7 @@ TEST_F(PhasesServerTest, AnArchiveIsRecreatedIndexedAndCopied) {
     // A sample of the text and memo values went through unchanged.
     EXPECT_EQ(query(check, u"select SYS_RECORD, CODICE, OGGETTO, NOTE from D_CONTRATTI where "
                            u"SYS_RECORD in (1, 2, 3, 50) order by SYS_RECORD"_s),
-              query(jetConn, u"select SYS_RECORD, CODICE, OGGETTO, NOTE from D_CONTRATTI where "
-                         u"SYS_RECORD in (1, 2, 3, 50) order by SYS_RECORD"_s));
+              fileRows(source, u"D_CONTRATTI"_s, {1, 2, 3, 50}));
 
     // The indexes with their names and directions.
     QStringList names = query(
@@ -198,9 +220,11 @@ TEST_F(PhasesServerTest, AnArchiveIsRecreatedIndexedAndCopied) {
     QStringList expected{u"CODICE|CODICE|0"_s,           u"CUR_D_CONTRATTIPRIMARYKEY|SYS_RECORD|0"_s,
                          u"DATA_DOC|DATA_DOC|1"_s,       u"NUMERO_DATA|DATA_DOC|1"_s,
                          u"NUMERO_DATA|NUMERO|0"_s};
-    // Boolean columns print as True/False in some drivers.
-    names.replaceInStrings(u"|TRUE"_s, u"|1"_s).replaceInStrings(u"|FALSE"_s, u"|0"_s);
-    EXPECT_EQ(names, expected);
+    // A yes/no value reads as Vero/Falso. The local server keeps an index under its name followed
+    // by the table's and a 32-digit hash (SQL Server keeps the name as given): that tail is cut.
+    names.replaceInStrings(u"|VERO"_s, u"|1"_s).replaceInStrings(u"|FALSO"_s, u"|0"_s);
+    names.replaceInStrings(QRegularExpression(u"^([^|]+)D_CONTRATTI[0-9A-F]{32}\\|"_s), u"\\1|"_s);
+    EXPECT_EQ(names, expected) << names.join(u'\n').toStdString();
     std::cout << "three tables (" << contratti << "+" << sourceCount(u"2019_CORRISP"_s)
               << "+8 records) recreated, indexed and copied in " << ms << " ms\n";
 }
