@@ -322,6 +322,12 @@ TEST_F(DbImportServerTest, DISABLED_SolvariaSourceLandsWhole) {
                     u"ic.index_id = i.index_id join sys.columns c on c.object_id = ic.object_id "
                     u"and c.column_id = ic.column_id where i.object_id = object_id('["_s +
                         table + u"]')"_s);
+        // The local server keeps an index under its name followed by the table's and a 32-digit
+        // hash (SQL Server keeps the name as given): that tail is cut.
+        landedIndexes.replaceInStrings(
+            QRegularExpression(u"^([^|]+)"_s + QRegularExpression::escape(table.toUpper()) +
+                               u"[0-9A-F]{32}\\|"_s),
+            u"\\1|"_s);
         landedIndexes.sort();
         EXPECT_EQ(landedIndexes, file.indexes(table)) << table.toStdString();
     }
