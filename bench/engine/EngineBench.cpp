@@ -35,6 +35,8 @@
 #include "platform/win/FileRegistry.h"
 #include "platform/win/ScriptedMessageBox.h"
 
+#include "tests/support/ForwardingSession.h"
+
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QFile>
@@ -80,15 +82,12 @@ struct Tally {
     long long others = 0;
 };
 
-class CountingSession : public ado::ProviderSession {
+class CountingSession : public ForwardingSession {
 public:
     CountingSession(std::unique_ptr<ado::ProviderSession> inner, ado::recording::Journal& journal,
                     Tally& tally)
-        : m_inner(std::move(inner)), m_journal(journal), m_tally(tally) {}
+        : ForwardingSession(std::move(inner)), m_journal(journal), m_tally(tally) {}
 
-    QString connectionString() const override { return m_inner->connectionString(); }
-    std::vector<ado::PropertyValue> properties() const override { return m_inner->properties(); }
-    void setProperty(const ado::PropertyValue& value) override { m_inner->setProperty(value); }
     ado::CommandResult execute(const ado::CommandRequest& request) override {
         if (request.text.startsWith(u"insert into "_s)) {
             ++m_tally.inserts;
@@ -96,22 +95,12 @@ public:
         } else {
             ++m_tally.others;
         }
-        ado::CommandResult result = m_inner->execute(request);
+        ado::CommandResult result = ForwardingSession::execute(request);
         m_journal.clear();
         return result;
     }
-    std::unique_ptr<ado::ProviderRowset>
-    openSchema(ado::SchemaEnum schema, const std::vector<vb::Variant>& restrictions) override {
-        return m_inner->openSchema(schema, restrictions);
-    }
-    long beginTransaction() override { return m_inner->beginTransaction(); }
-    void commitTransaction() override { m_inner->commitTransaction(); }
-    void rollbackTransaction() override { m_inner->rollbackTransaction(); }
-    ado::ProviderCatalog& catalog() override { return m_inner->catalog(); }
-    void close() noexcept override { m_inner->close(); }
 
 private:
-    std::unique_ptr<ado::ProviderSession> m_inner;
     ado::recording::Journal& m_journal;
     Tally& m_tally;
 };
