@@ -16,6 +16,7 @@
 
 #include "tests/console/WindowFixture.h"
 #include "tests/support/CreatingServer.h"
+#include "tests/support/ForwardingSession.h"
 
 #include <QDeadlineTimer>
 #include <QLabel>
@@ -63,17 +64,14 @@ std::vector<ado::Row> sourceRows(const QString& path, const QString& sql) {
 // A session of the conversion's server: what it creates with "create table" and the foreign
 // keys it adds with "alter table" stand in its catalog afterwards, as SQL Server's catalog shows
 // them to ADOX (the run lists the new database's tables and orders them by their keys).
-class CatalogKeepingSession : public ado::ProviderSession {
+class CatalogKeepingSession : public ForwardingSession {
 public:
     CatalogKeepingSession(std::unique_ptr<ado::ProviderSession> inner,
                           ado::recording::Script& script, const bool& keep)
-        : m_inner(std::move(inner)), m_script(script), m_keep(keep) {}
+        : ForwardingSession(std::move(inner)), m_script(script), m_keep(keep) {}
 
-    QString connectionString() const override { return m_inner->connectionString(); }
-    std::vector<ado::PropertyValue> properties() const override { return m_inner->properties(); }
-    void setProperty(const ado::PropertyValue& value) override { m_inner->setProperty(value); }
     ado::CommandResult execute(const ado::CommandRequest& request) override {
-        ado::CommandResult result = m_inner->execute(request);
+        ado::CommandResult result = ForwardingSession::execute(request);
         static const QRegularExpression created(u"^create table (\\S+) \\("_s);
         static const QRegularExpression keyed(
             u"^alter table (\\S+) add constraint (\\S+) foreign key \\(([^)]*)\\) references "
@@ -101,15 +99,6 @@ public:
         }
         return result;
     }
-    std::unique_ptr<ado::ProviderRowset>
-    openSchema(ado::SchemaEnum schema, const std::vector<vb::Variant>& restrictions) override {
-        return m_inner->openSchema(schema, restrictions);
-    }
-    long beginTransaction() override { return m_inner->beginTransaction(); }
-    void commitTransaction() override { m_inner->commitTransaction(); }
-    void rollbackTransaction() override { m_inner->rollbackTransaction(); }
-    ado::ProviderCatalog& catalog() override { return m_inner->catalog(); }
-    void close() noexcept override { m_inner->close(); }
 
 private:
     static QString bare(QString name) {
@@ -119,7 +108,6 @@ private:
         return name;
     }
 
-    std::unique_ptr<ado::ProviderSession> m_inner;
     ado::recording::Script& m_script;
     const bool& m_keep;
 };

@@ -9,6 +9,7 @@
 #include "platform/ado/recording/RecordingProvider.h"
 
 #include "tests/frame/FrameFixture.h"
+#include "tests/support/ForwardingSession.h"
 
 #include <deque>
 #include <memory>
@@ -80,38 +81,26 @@ private:
     std::shared_ptr<long> m_reads;
 };
 
-class FaultySession : public ado::ProviderSession {
+class FaultySession : public ForwardingSession {
 public:
     FaultySession(std::unique_ptr<ado::ProviderSession> inner,
                   std::shared_ptr<std::deque<std::optional<ado::Error>>> faults,
                   std::shared_ptr<int> changes, std::shared_ptr<UnreadableRows> unreadable,
                   std::shared_ptr<long> reads)
-        : m_inner(std::move(inner)), m_faults(std::move(faults)), m_changes(std::move(changes)),
-          m_unreadable(std::move(unreadable)), m_reads(std::move(reads)) {}
+        : ForwardingSession(std::move(inner)), m_faults(std::move(faults)),
+          m_changes(std::move(changes)), m_unreadable(std::move(unreadable)),
+          m_reads(std::move(reads)) {}
 
-    QString connectionString() const override { return m_inner->connectionString(); }
-    std::vector<ado::PropertyValue> properties() const override { return m_inner->properties(); }
-    void setProperty(const ado::PropertyValue& value) override { m_inner->setProperty(value); }
     ado::CommandResult execute(const ado::CommandRequest& request) override {
-        ado::CommandResult result = m_inner->execute(request);
+        ado::CommandResult result = ForwardingSession::execute(request);
         if (result.rowset) {
             result.rowset = std::make_unique<FaultyRowset>(std::move(result.rowset), m_faults,
                                                            m_changes, m_unreadable, m_reads);
         }
         return result;
     }
-    std::unique_ptr<ado::ProviderRowset>
-    openSchema(ado::SchemaEnum schema, const std::vector<vb::Variant>& restrictions) override {
-        return m_inner->openSchema(schema, restrictions);
-    }
-    long beginTransaction() override { return m_inner->beginTransaction(); }
-    void commitTransaction() override { m_inner->commitTransaction(); }
-    void rollbackTransaction() override { m_inner->rollbackTransaction(); }
-    ado::ProviderCatalog& catalog() override { return m_inner->catalog(); }
-    void close() noexcept override { m_inner->close(); }
 
 private:
-    std::unique_ptr<ado::ProviderSession> m_inner;
     std::shared_ptr<std::deque<std::optional<ado::Error>>> m_faults;
     std::shared_ptr<int> m_changes;
     std::shared_ptr<UnreadableRows> m_unreadable;
