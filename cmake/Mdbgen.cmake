@@ -56,6 +56,22 @@ if(UPSIZER_MDBGEN)
     endif()
 endif()
 
+# One mdbgen run that makes OUTPUT (absolute) from INPUTS, with the tool's ARGS before OUTPUT, as
+# the custom target <target>; DEPENDS are targets to build first.
+function(_upsizer_mdbgen_run target)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "OUTPUT;COMMENT" "ARGS;INPUTS;DEPENDS")
+    add_custom_command(
+        OUTPUT ${arg_OUTPUT}
+        COMMAND ${Java_JAVA_EXECUTABLE} ${MDBGEN_JAVA_OPTIONS} -jar ${MDBGEN_JAR} ${arg_ARGS} ${arg_OUTPUT}
+        DEPENDS ${arg_INPUTS} ${MDBGEN_STAMP} mdbgen_jar
+        COMMENT "${arg_COMMENT}"
+        VERBATIM)
+    add_custom_target(${target} DEPENDS ${arg_OUTPUT})
+    if(arg_DEPENDS)
+        add_dependencies(${target} ${arg_DEPENDS})
+    endif()
+endfunction()
+
 function(upsizer_mdb target)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "DESCRIPTION;OUTPUT;ROWS" "TABLE_ROWS;DEPENDS")
     if(NOT arg_DESCRIPTION OR NOT arg_OUTPUT)
@@ -73,16 +89,8 @@ function(upsizer_mdb target)
     foreach(tr IN LISTS arg_TABLE_ROWS)
         list(APPEND options --rows ${tr})
     endforeach()
-    add_custom_command(
-        OUTPUT ${output}
-        COMMAND ${Java_JAVA_EXECUTABLE} ${MDBGEN_JAVA_OPTIONS} -jar ${MDBGEN_JAR} build ${options} ${description} ${output}
-        DEPENDS ${description} ${MDBGEN_STAMP} mdbgen_jar
-        COMMENT "mdbgen: ${arg_OUTPUT}"
-        VERBATIM)
-    add_custom_target(${target} DEPENDS ${output})
-    if(arg_DEPENDS)
-        add_dependencies(${target} ${arg_DEPENDS})
-    endif()
+    _upsizer_mdbgen_run(${target} OUTPUT ${output} COMMENT "mdbgen: ${arg_OUTPUT}"
+        ARGS build ${options} ${description} INPUTS ${description} DEPENDS ${arg_DEPENDS})
 endfunction()
 
 function(upsizer_mdb_dump target)
@@ -99,16 +107,8 @@ function(upsizer_mdb_dump target)
     if(arg_USER_ROWS_ONLY)
         list(APPEND options --user-rows-only)
     endif()
-    add_custom_command(
-        OUTPUT ${output}
-        COMMAND ${Java_JAVA_EXECUTABLE} ${MDBGEN_JAVA_OPTIONS} -jar ${MDBGEN_JAR} dump ${options} ${input} ${output}
-        DEPENDS ${input} ${MDBGEN_STAMP} mdbgen_jar
-        COMMENT "mdbgen dump: ${arg_OUTPUT}"
-        VERBATIM)
-    add_custom_target(${target} DEPENDS ${output})
-    if(arg_DEPENDS)
-        add_dependencies(${target} ${arg_DEPENDS})
-    endif()
+    _upsizer_mdbgen_run(${target} OUTPUT ${output} COMMENT "mdbgen dump: ${arg_OUTPUT}"
+        ARGS dump ${options} ${input} INPUTS ${input} DEPENDS ${arg_DEPENDS})
 endfunction()
 
 # A QZSystem.mdb of the suite's shape, built from schema/catalogue.tsv (see tools/mdbgen/README.md,
@@ -130,17 +130,9 @@ function(upsizer_solvaria_mdb target)
     if(DEFINED arg_VARIANT)
         list(APPEND options --variant ${arg_VARIANT})
     endif()
-    add_custom_command(
-        OUTPUT ${output}
-        COMMAND ${Java_JAVA_EXECUTABLE} ${MDBGEN_JAVA_OPTIONS} -jar ${MDBGEN_JAR} solvaria
-                --catalogue ${MDBGEN_CATALOGUE} ${options} ${output}
-        DEPENDS ${MDBGEN_CATALOGUE} ${MDBGEN_STAMP} mdbgen_jar
-        COMMENT "mdbgen solvaria: ${arg_OUTPUT}"
-        VERBATIM)
-    add_custom_target(${target} DEPENDS ${output})
-    if(arg_DEPENDS)
-        add_dependencies(${target} ${arg_DEPENDS})
-    endif()
+    _upsizer_mdbgen_run(${target} OUTPUT ${output} COMMENT "mdbgen solvaria: ${arg_OUTPUT}"
+        ARGS solvaria --catalogue ${MDBGEN_CATALOGUE} ${options}
+        INPUTS ${MDBGEN_CATALOGUE} DEPENDS ${arg_DEPENDS})
 endfunction()
 
 set(MDBGEN_CATALOGUE ${CMAKE_CURRENT_LIST_DIR}/../schema/catalogue.tsv)
