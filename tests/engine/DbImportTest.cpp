@@ -102,6 +102,119 @@ TEST_F(DbImportTest, MissingFileIsToldInTheLog) {
     EXPECT_TRUE(creates.empty());
 }
 
+// A file that is not a database, or a database cut short, is refused at the source's opening
+// as a missing one is: the database handle shows the provider's reason (the operator's only
+// account of what is wrong with the file), the run tells the window and the log that the file
+// cannot be used, and nothing reaches the server but the master's question. The file keeps its
+// name and every byte.
+struct BadSource {
+    const char* name;
+    const char* reason; // what the provider's description says about the file
+    // The bytes put in place of the source: a text, or a cut copy of a Solvaria source.
+    std::function<QByteArray()> bytes;
+};
+
+QByteArray solvariaCut(qint64 (*cut)(qint64 size)) {
+    QFile f(solvariaSource(u"small"_s));
+    if (!f.open(QIODevice::ReadOnly)) {
+        return {};
+    }
+    return f.read(cut(f.size()));
+}
+
+class BadSourceTest : public DbImportTest, public testing::WithParamInterface<BadSource> {
+protected:
+    // Writes the bytes as the source; empty when there are none to write.
+    QString place(const QByteArray& bytes) {
+        const QString source = dir.file(u"QZSystem.mdb"_s);
+        QFile f(source);
+        if (bytes.isEmpty() || !f.open(QIODevice::WriteOnly) || f.write(bytes) != bytes.size()) {
+            return {};
+        }
+        return source;
+    }
+    void expectLeftAsItWas(const QString& source, const QByteArray& bytes) {
+        QFile after(source);
+        ASSERT_TRUE(after.open(QIODevice::ReadOnly));
+        EXPECT_TRUE(after.readAll() == bytes);
+        EXPECT_FALSE(QFile::exists(source + u".old"_s));
+        EXPECT_FALSE(QFile::exists(dir.file(u"config.ini"_s)));
+        EXPECT_TRUE(creates.empty());
+        EXPECT_TRUE(server->journal().statements().isEmpty())
+            << server->journal().statements().join(u'\n').toStdString();
+    }
+};
+
+TEST_P(BadSourceTest, IsRefusedAtTheOpeningAndLeftAsItWas) {
+    const QByteArray bytes = GetParam().bytes();
+    const QString source = place(bytes);
+    SKIP_WITHOUT_SOURCE(source);
+    box->answer(win::id::kOk);
+    EXPECT_FALSE(start(source));
+
+    ASSERT_EQ(box->shown().size(), 1u) << events.lines.join(u'\n').toStdString();
+    const QString shown = box->last().text;
+    EXPECT_TRUE(shown.contains(QString::fromLatin1(GetParam().reason))) << shown.toStdString();
+    EXPECT_TRUE(shown.contains(source)) << shown.toStdString();
+    EXPECT_TRUE(shown.endsWith(u"\r\n\r\nnxDb.DbOpen (errore -2147467259, 0x80004005)"_s))
+        << shown.toStdString();
+    EXPECT_EQ(box->last().flags, 48);
+
+    const QString text = u"File '"_s + source + u"' non trovato. Verificare il percorso inserito."_s;
+    EXPECT_EQ(events.lines, QStringList{u"Error 5 "_s + text});
+    EXPECT_EQ(logLines(), QStringList{text});
+    expectLeftAsItWas(source, bytes);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Files, BadSourceTest,
+    testing::Values(
+        BadSource{"Text", "the file is too short to be a Jet database",
+                  [] { return QByteArray("Elenco dei protocolli del 2019\r\n"); }},
+        BadSource{"TextOfAPage", "Unrecognized database format",
+                  [] { return QByteArray(4096, 'x'); }},
+        // Half the file, not ending at a page's end.
+        BadSource{"CutInAPage", "is not a whole number of 4096-byte pages",
+                  [] { return solvariaCut([](qint64 size) { return size / 2; }); }},
+        // An eighth, ending at a page's end: the catalog's pages are missing.
+        BadSource{"CutAtAPage", "the page lies outside the file",
+                  [] { return solvariaCut([](qint64 size) { return size / 8 / 4096 * 4096; }); }},
+        BadSource{"OnlyTheHeader", "the page lies outside the file",
+                  [] { return solvariaCut([](qint64) -> qint64 { return 4096; }); }}),
+    [](const testing::TestParamInfo<BadSource>& param) { return std::string(param.param.name); });
+
+// A copy that holds its catalog but not all of its data opens; the verification's queries then
+// fail on the missing pages. Such a failure is silent and counts as a finding: the tables that
+// could not be read stand in the log under their headings with nothing beneath, and the run ends
+// sending the operator to the log, before the server is touched.
+TEST_F(BadSourceTest, ACopyMissingDataPagesEndsAtTheVerification) {
+    const QByteArray bytes = solvariaCut([](qint64 size) { return size * 7 / 8 / 4096 * 4096; });
+    const QString source = place(bytes);
+    SKIP_WITHOUT_SOURCE(source);
+    EXPECT_FALSE(start(source));
+    EXPECT_TRUE(box->shown().empty());
+    const QString log = dir.file(u"ConversionLog.txt"_s);
+    EXPECT_EQ(events.lines,
+              (QStringList{u"Error 6 Inizio verifica database sorgente..."_s,
+                           u"Error 5 [log] Per maggiori dettagli verificare il log contenuto in "_s +
+                               log + u" e correggere i problemi ivi elencati."_s}));
+    const QStringList lines = logLines();
+    const QString separator = u"==================================================="_s;
+    int unread = 0;
+    for (qsizetype i = 0; i < lines.size(); ++i) {
+        if (lines.at(i).startsWith(u"Anomalie tabella "_s)) {
+            ++unread;
+            EXPECT_EQ(lines.value(i + 1), separator) << lines.at(i).toStdString();
+        }
+    }
+    EXPECT_GT(unread, 0) << lines.join(u'\n').toStdString();
+    // An archive among them, so the run could not have gone on.
+    EXPECT_TRUE(lines.contains(u"Anomalie tabella D_FATTURE (Fatture passive)"_s))
+        << lines.join(u'\n').toStdString();
+    EXPECT_FALSE(lines.contains(u"Fine procedura di conversione."_s));
+    expectLeftAsItWas(source, bytes);
+}
+
 TEST_F(DbImportTest, IntegratedSecurityNamesTheMasterCatalog) {
     box->answer(win::id::kOk);
     run.DbUsername(QString());
