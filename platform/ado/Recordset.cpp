@@ -599,6 +599,7 @@ void Recordset::Delete(AffectEnum affectRecords) {
     }
     requireCurrent(kSource);
     try {
+        m_navigator.currentRowDeleting();
         m_rowset->deleteRow(m_navigator.currentRowId());
         m_navigator.currentRowDeleted();
     } catch (const Error& e) {

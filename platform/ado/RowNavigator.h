@@ -3,15 +3,18 @@
 #include "platform/ado/Provider.h"
 
 #include <functional>
-#include <optional>
 #include <vector>
 
 namespace ado {
 
 // Walks a provider rowset as ADO walks a recordset: BOF and EOF, moves, bookmarks, absolute
-// positions and the rows a filter lets through. On a scrollable cursor it keeps the id of every
-// row fetched so far (8 bytes a row), so that it can go back; a forward-only cursor keeps nothing
-// and holds only the provider's current row.
+// positions and the rows a filter lets through. A forward-only cursor keeps nothing and holds
+// only the provider's current row. A scrollable cursor that has only moved forward in order keeps
+// no more: a row's bookmark is its place in the sequence, and the ids of the first row, the last
+// row fetched and the current one are all a later move or seek can need. The first move that
+// needs any other row's id (back, to a bookmark or a position, a count under a filter, a change)
+// reads the ids of the rows fetched so far once, by running the rowset again from its start, and
+// from then on keeps the id of every row fetched (8 bytes a row).
 class RowNavigator {
 public:
     // `matches` tests the provider's current row against the filter; null lets every row through.
@@ -27,6 +30,9 @@ public:
     bool providerOnCurrent() const noexcept {
         return hasCurrent() && (!m_scrollable || m_providerAt == m_pos);
     }
+    // Whether the ids of the rows fetched so far are held (a scrollable cursor that has gone
+    // anywhere but forward in order).
+    bool holdsRowIds() const noexcept { return m_materialised; }
 
     // Each positions on the first matching row in its direction, or leaves BOF or EOF set. The
     // caller has checked that a move from BOF or EOF is allowed.
@@ -37,13 +43,12 @@ public:
 
     // Makes the provider's current row ours again; false when it has gone (deleted).
     bool positionProvider();
-    RowId currentRowId() const;
+    RowId currentRowId();
 
     // Bookmarks are 1-based positions in the unfiltered sequence of rows, stable under filters.
     double bookmark() const;
     // False when the bookmark names no row of this rowset.
     bool gotoBookmark(double bookmark);
-    std::optional<double> bookmarkOf(RowId id) const;
 
     // The 1-based position among matching rows, counted when not known.
     long absolutePosition();
@@ -53,12 +58,22 @@ public:
 
     // A row the provider has just inserted: it joins the sequence at its end and becomes current.
     void appendRow(RowId id);
+    // The current row is about to be deleted: its place must stay in the sequence, so the ids
+    // of the rows fetched so far are read while the row is still there.
+    void currentRowDeleting() {
+        if (m_scrollable) {
+            materialise();
+        }
+    }
     // The current row has just been deleted: the provider no longer stands on it, so the next
     // move must seek (and skip it) rather than trust where the provider was.
     void currentRowDeleted() noexcept { m_providerAt = npos; }
 
 private:
     static constexpr std::size_t npos = static_cast<std::size_t>(-1);
+    RowId keyAt(std::size_t index);
+    void materialise();
+    void fetched(RowId id);
     bool resumeFetching();
     bool fetchUntil(std::size_t index);
     bool matchesAt(std::size_t index);
@@ -70,10 +85,18 @@ private:
     ProviderRowset* m_rowset = nullptr;
     bool m_scrollable = false;
     std::function<bool()> m_matches;
+    // Index i of the sequence is the i-th row fetched. While m_materialised is false only the
+    // ids below are known; after it, m_keys holds every fetched row's id.
+    bool m_materialised = false;
     std::vector<RowId> m_keys;
+    std::size_t m_fetched = 0;
+    RowId m_firstId = 0;           // index 0
+    RowId m_lastId = 0;            // index m_fetched - 1
+    std::size_t m_heldAt = npos;   // the current row when it is neither of those
+    RowId m_heldId = 0;
     bool m_complete = false;
-    std::size_t m_pos = npos;        // index in m_keys of the current row
-    std::size_t m_providerAt = npos; // index in m_keys the provider stands on
+    std::size_t m_pos = npos;        // index of the current row
+    std::size_t m_providerAt = npos; // index the provider stands on
     bool m_bof = true;
     bool m_eof = true;
     long m_ordinal = 0; // position among matching rows; 0 when not known
