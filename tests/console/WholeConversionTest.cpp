@@ -14,6 +14,7 @@
 #include "platform/ado/SchemaRowsets.h"
 #include "platform/win/WindowThreadMessageBox.h"
 
+#include "tests/console/SolvariaSource.h"
 #include "tests/console/WindowFixture.h"
 #include "tests/support/CreatingServer.h"
 #include "tests/support/ForwardingSession.h"
@@ -31,21 +32,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString builtSource(const QString& name = u"small"_s) {
-#ifdef SOLVARIA_DIR
-    return QStringLiteral(SOLVARIA_DIR) + u"/solvaria-"_s + name + u".mdb"_s;
-#else
-    (void)name;
-    return {};
-#endif
-}
-
 // Every row of a query on the source, its fields as variants.
 std::vector<ado::Row> sourceRows(const QString& path, const QString& sql) {
-    const ado::ConnectionPtr cn = ado::Connection::create();
-    // The suite's system databases carry its fixed password.
-    cn->Open(u"Provider=Microsoft.Jet.OLEDB.4.0;Data Source="_s + path +
-             u";Jet OLEDB:Database Password=brnzolvet52"_s);
+    const ado::ConnectionPtr cn = openSource(path);
     std::vector<ado::Row> rows;
     const ado::RecordsetPtr rs = cn->Execute(sql);
     while (!rs->Eof()) {
@@ -200,13 +189,9 @@ class WholeConversionTest : public WindowTest {
 protected:
     void SetUp() override {
         WindowTest::SetUp();
-        const QString built = builtSource();
-        if (built.isEmpty() || !QFile::exists(built)) {
-            GTEST_SKIP() << "the Solvaria sources are built only with -DUPSIZER_MDBGEN=ON";
-        }
+        SKIP_WITHOUT_BUILT_SOURCE(u"small"_s);
         source = dir.file(u"QZSystem.mdb"_s);
-        ASSERT_TRUE(QFile::copy(built, source));
-        QFile::setPermissions(source, QFile::ReadOwner | QFile::WriteOwner);
+        ASSERT_TRUE(copyBuiltSource(source));
         server = std::make_unique<ConversionServer>(source);
         nxApp::SetMessageBox(std::make_shared<win::WindowThreadMessageBox>(box));
         window = std::make_unique<frmMain>(servers, std::make_unique<ScriptedFileDialog>(),
@@ -389,8 +374,7 @@ TEST_F(WholeConversionTest, ASecondRunIsStoppedDuringAnArchive) {
     // new database starts empty: the first one's tables are not in its catalog.
     server->server->script().catalog().clear();
     ASSERT_TRUE(QFile::remove(source + u".old"_s));
-    ASSERT_TRUE(QFile::copy(builtSource(), source));
-    QFile::setPermissions(source, QFile::ReadOwner | QFile::WriteOwner);
+    ASSERT_TRUE(copyBuiltSource(source));
     edit("txtDbName")->clear();
     type("txtDbName", u"Secondo"_s);
     const int firstRunLines = list("lstLog")->count();
@@ -437,13 +421,9 @@ protected:
     void SetUp() override {
         startLibrary = false;
         FrameTest::SetUp();
-        const QString built = builtSource();
-        if (built.isEmpty() || !QFile::exists(built)) {
-            GTEST_SKIP() << "the Solvaria sources are built only with -DUPSIZER_MDBGEN=ON";
-        }
+        SKIP_WITHOUT_BUILT_SOURCE(u"small"_s);
         source = dir.file(u"QZSystem.mdb"_s);
-        ASSERT_TRUE(QFile::copy(built, source));
-        QFile::setPermissions(source, QFile::ReadOwner | QFile::WriteOwner);
+        ASSERT_TRUE(copyBuiltSource(source));
         server = std::make_unique<ConversionServer>(source);
         environment.insert(u"UPSIZER_PW"_s, u"s3gr3ta!"_s);
     }
@@ -515,8 +495,7 @@ TEST_F(CliConversionTest, AFailureTheRunKeepsToItselfNamesTheLastStepAndTheLog) 
 TEST_F(CliConversionTest, AFailedVerificationEndsWithTheLogToRead) {
     // A source with a Null in a primary key, which the server would refuse.
     QFile::remove(source);
-    ASSERT_TRUE(QFile::copy(builtSource(u"findings-nullkey"_s), source));
-    QFile::setPermissions(source, QFile::ReadOwner | QFile::WriteOwner);
+    ASSERT_TRUE(copyBuiltSource(source, u"findings-nullkey"_s));
     EXPECT_EQ(runCli(), cli::kFailed);
     const QString log = dir.path() + u"/ConversionLog.txt"_s;
     const QString reason = u"Errore verifica database sorgente: Per maggiori dettagli verificare "
