@@ -233,9 +233,8 @@ protected:
     std::unique_ptr<DbImport> run;
 };
 
-// Disabled until it has been seen through on the local server: one run takes more than twenty
-// minutes there under load. Run it with --gtest_also_run_disabled_tests.
-TEST_F(DbImportServerTest, DISABLED_SolvariaSourceLandsWhole) {
+// One run takes ten minutes or more on the local test server, longer under load.
+TEST_F(DbImportServerTest, SolvariaSourceLandsWhole) {
     const QString source = copySource(u"small"_s);
     SKIP_WITHOUT_SOURCE(source);
     const SourceFile file(solvariaSource(u"small"_s));
@@ -257,7 +256,11 @@ TEST_F(DbImportServerTest, DISABLED_SolvariaSourceLandsWhole) {
               (QStringList{u"DictionaryImportStart 2"_s, u"DictionaryImporting DIZ_TIPIDOC"_s,
                            u"DictionaryImporting DIZ_UFFICI"_s}));
     // Parents before children.
-    const QStringList copied = systemTables(feed);
+    // The local server lists the tables with their names lower-cased.
+    QStringList copied;
+    for (const QString& table : systemTables(feed)) {
+        copied << table.toUpper();
+    }
     EXPECT_EQ(copied.size(), 111);
     EXPECT_LT(copied.indexOf(u"UTENTI"_s), copied.indexOf(u"UTENTE_GRUPPI"_s));
     EXPECT_LT(copied.indexOf(u"GRUPPI"_s), copied.indexOf(u"UTENTE_GRUPPI"_s));
@@ -276,7 +279,10 @@ TEST_F(DbImportServerTest, DISABLED_SolvariaSourceLandsWhole) {
         counts << u"select '"_s + table + u"', count(*) from ["_s + table + u']';
     }
     ASSERT_GT(expected.size(), 111);
-    EXPECT_EQ(rows(landed, counts.join(u" union all "_s)), expected);
+    QStringList landedCounts = rows(landed, counts.join(u" union all "_s));
+    landedCounts.sort(Qt::CaseInsensitive);
+    expected.sort(Qt::CaseInsensitive);
+    EXPECT_EQ(landedCounts, expected);
     EXPECT_EQ(rows(landed, u"select count(*) from sys.tables where name in ('D_BOZZE', "
                            u"'D_RIMOSSO')"_s),
               QStringList{u"0"_s});
@@ -294,13 +300,16 @@ TEST_F(DbImportServerTest, DISABLED_SolvariaSourceLandsWhole) {
                            u"ARCHIVIATO|bit||YES"_s})
                   .join(u'\n'));
 
-    // The yes/no nulls of the source ended as 0, the other values as they were.
+    // A Jet yes/no value is never null (it lives in the row's null mask), so what the boolean
+    // fix guards against cannot come from a Jet source: here no bit column holds a null and the
+    // false values arrived as 0. PhasesServerTest plants a null on the server before a copy and
+    // sees the fix turn it to 0.
     const QStringList flags = file.column(u"D_PROTOCOLLO"_s, u"ARCHIVIATO"_s);
-    ASSERT_GT(flags.count(u"null"_s), 0) << "the source has no null yes/no value to fix";
+    EXPECT_EQ(flags.count(u"null"_s), 0);
     EXPECT_EQ(rows(landed, u"select count(*) from D_PROTOCOLLO where ARCHIVIATO is null"_s),
               QStringList{u"0"_s});
     EXPECT_EQ(rows(landed, u"select count(*) from D_PROTOCOLLO where ARCHIVIATO = 0"_s),
-              QStringList{QString::number(flags.size() - flags.count(u"Vero"_s))});
+              QStringList{QString::number(flags.count(u"Falso"_s))});
 
     // The numbers of the records kept: the archive's AutoNumber values and the identity column
     // of a system table, in the source's order.
