@@ -37,13 +37,13 @@
 
 #include "tests/support/ForwardingSession.h"
 
+#include "bench/support/Measure.h"
+
 #include <QCoreApplication>
 #include <QElapsedTimer>
-#include <QFile>
 #include <QTemporaryDir>
 
 #include <cstdio>
-#include <ctime>
 #include <exception>
 #include <memory>
 
@@ -54,25 +54,8 @@ namespace {
 const QString kServer = u"SQLOLEDB"_s;
 const QString kJet = u"Microsoft.Jet.OLEDB.4.0"_s;
 
-// A field of /proc/self/status in KiB ("VmRSS:", "VmHWM:"); 0 where there is none.
-long statusKiB(const QByteArray& key) {
-    QFile f(u"/proc/self/status"_s);
-    if (!f.open(QIODevice::ReadOnly)) {
-        return 0;
-    }
-    for (const QByteArray& line : f.readAll().split('\n')) {
-        if (line.startsWith(key)) {
-            return line.mid(key.size()).trimmed().split(' ').front().toLong();
-        }
-    }
-    return 0;
-}
-
-double cpuSeconds() {
-    timespec ts{};
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &ts);
-    return static_cast<double>(ts.tv_sec) + static_cast<double>(ts.tv_nsec) / 1e9;
-}
+using benchmeasure::cpuSeconds;
+using benchmeasure::statusKiB;
 
 // The recording server, counting the inserts and their parameters and forgetting the journal as
 // it goes: kept whole it would hold every record and measure itself.

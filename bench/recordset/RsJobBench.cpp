@@ -1,8 +1,8 @@
 // An nxRsJob walk over one table of a Jet file, reading every field of every record through
 // nxRs::FldGet, against a bare jetfile scan of the same table that decodes every value, in the
 // same run. Prints records per second of both, their ratio, and the resident memory of the walk
-// at 100,000 records, at its end and at its highest, so that a layer keeping something per
-// record shows as growth. It also checks that the walk met every record once, in the file's
+// at 100,000 records, half-way, at its end and at its highest, so that a layer keeping something
+// per record shows as growth. It also checks that the walk met every record once, in the file's
 // order (the table's first column is an autonumber counting from 1), and that both loops saw the
 // same number of present values. A second walk is stopped from another thread, as the job's
 // window stops it, half-way through the table: it must end within one record of the stop.
@@ -25,16 +25,16 @@
 #include "platform/win/FileRegistry.h"
 #include "platform/win/ScriptedMessageBox.h"
 
+#include "bench/support/Measure.h"
+
 #include <QCoreApplication>
 #include <QElapsedTimer>
-#include <QFile>
 #include <QTemporaryDir>
 
 #include <algorithm>
 #include <atomic>
 #include <chrono>
 #include <cstdio>
-#include <ctime>
 #include <exception>
 #include <memory>
 #include <thread>
@@ -43,40 +43,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Resident memory in KiB, from /proc; 0 where there is none. The file's pages, mapped and
-// read by the count and the walk, are part of VmRSS; RssAnon is the memory the process made.
-long statusKiB(const QByteArray& key) {
-    QFile f(u"/proc/self/status"_s);
-    if (!f.open(QIODevice::ReadOnly)) {
-        return 0;
-    }
-    for (const QByteArray& line : f.readAll().split('\n')) {
-        if (line.startsWith(key)) {
-            return line.mid(key.size()).trimmed().split(' ').front().toLong();
-        }
-    }
-    return 0;
-}
-
-long residentKiB() {
-    return statusKiB("VmRSS:");
-}
-
-long anonymousKiB() {
-    return statusKiB("RssAnon:");
-}
-
-double seconds(const QElapsedTimer& t) {
-    return static_cast<double>(t.nsecsElapsed()) / 1e9;
-}
-
-// Processor time of the process, in seconds: on a machine that others share, the wall clock
-// also counts the time the loop waited for a processor.
-double cpuSeconds() {
-    timespec ts{};
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &ts);
-    return static_cast<double>(ts.tv_sec) + static_cast<double>(ts.tv_nsec) / 1e9;
-}
+using benchmeasure::anonymousKiB;
+using benchmeasure::cpuSeconds;
+using benchmeasure::residentKiB;
+using benchmeasure::seconds;
 
 struct Walk {
     std::int64_t records = 0;
@@ -88,10 +58,12 @@ struct Walk {
     double walkCpu = 0;
     long rssStart = 0;
     long rssAt100k = 0;
+    long rssMiddle = 0;
     long rssEnd = 0;
     long rssPeak = 0;
     long anonStart = 0;
     long anonAt100k = 0;
+    long anonMiddle = 0;
     long anonEnd = 0;
     bool ok = true;
 };
@@ -117,7 +89,9 @@ Walk bareScan(const QString& path, const QString& table) {
     return w;
 }
 
-Walk jobWalk(nxDb& db, const QString& table, bool forwardOnly, bool serverSide) {
+// `expected` is the bare scan's count of records: the memory is also read half-way through.
+Walk jobWalk(nxDb& db, const QString& table, bool forwardOnly, bool serverSide,
+             std::int64_t expected) {
     Walk w;
     nxRsJob job;
     job.Db(&db);
@@ -158,6 +132,10 @@ Walk jobWalk(nxDb& db, const QString& table, bool forwardOnly, bool serverSide) 
         if (w.records == 100000) {
             w.rssAt100k = residentKiB();
             w.anonAt100k = anonymousKiB();
+        }
+        if (w.records == std::max<std::int64_t>(expected / 2, 1)) {
+            w.rssMiddle = residentKiB();
+            w.anonMiddle = anonymousKiB();
         }
     };
     w.rssStart = residentKiB();
@@ -256,7 +234,7 @@ int main(int argc, char** argv) {
                      qPrintable(nxApp::LastError().Description()));
         return 1;
     }
-    const Walk job = jobWalk(db, table, forwardOnly, serverSide);
+    const Walk job = jobWalk(db, table, forwardOnly, serverSide, bare.records);
     const StopRun stop = stoppedWalk(db, table, job.records / 2);
     db.DbClose();
 
@@ -282,12 +260,12 @@ int main(int argc, char** argv) {
     std::printf("ratio nxRsJob/bare: %.3f by the clock, %.3f by processor time; the walk alone "
                 "%.3f by processor time\n",
                 bare.secs / job.secs, bare.cpu / job.cpu, bare.cpu / job.walkCpu);
-    std::printf("walk resident memory: %ld KiB before, %ld KiB at 100,000 records, %ld KiB at the "
-                "end, %ld KiB at most\n",
-                job.rssStart, job.rssAt100k, job.rssEnd, job.rssPeak);
-    std::printf("walk anonymous memory: %ld KiB before, %ld KiB at 100,000 records, %ld KiB at "
-                "the end\n",
-                job.anonStart, job.anonAt100k, job.anonEnd);
+    std::printf("walk resident memory: %ld KiB before, %ld KiB at 100,000 records, %ld KiB "
+                "half-way, %ld KiB at the end, %ld KiB at most\n",
+                job.rssStart, job.rssAt100k, job.rssMiddle, job.rssEnd, job.rssPeak);
+    std::printf("walk anonymous memory: %ld KiB before, %ld KiB at 100,000 records, %ld KiB "
+                "half-way, %ld KiB at the end\n",
+                job.anonStart, job.anonAt100k, job.anonMiddle, job.anonEnd);
     const std::int64_t afterStop = stop.records - stop.atStop;
     std::printf("stopped walk: StopJob from another thread after %lld records; %lld met in all, "
                 "%lld after the stop; job %s\n",
