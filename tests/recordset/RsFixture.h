@@ -8,8 +8,10 @@
 #include "platform/ado/SchemaRowsets.h"
 #include "platform/ado/recording/RecordingProvider.h"
 
-#include "tests/frame/FrameFixture.h"
+#include "tests/support/AppFixture.h"
 #include "tests/support/ForwardingSession.h"
+#include "tests/support/MemberOk.h"
+#include "tests/support/Printers.h"
 
 #include <deque>
 #include <memory>
@@ -128,10 +130,10 @@ public:
 // An application object, a server database "ARCHIVIO" on the recording provider, and the
 // table ANAGRAFICA: ID (identity, primary key), NOME (text of 10), ETA (number), NATO (date),
 // ATTIVO (boolean), CODICE (required text, not null).
-class RsTest : public FrameTest {
+class RsTest : public apptest::AppTest {
 protected:
     void SetUp() override {
-        FrameTest::SetUp();
+        apptest::AppTest::SetUp();
         ado::recording::Script& s = provider->recording.script();
         s.schema(ado::SchemaEnum::adSchemaCatalogs, {{u"ARCHIVIO"_s, vb::Variant()}});
         s.schema(ado::SchemaEnum::adSchemaTables, {tableRow(u"ANAGRAFICA"_s)});
@@ -147,7 +149,7 @@ protected:
         if (db) {
             db->DbClose();
         }
-        FrameTest::TearDown();
+        apptest::AppTest::TearDown();
     }
 
     static ado::Row tableRow(const QString& name) {

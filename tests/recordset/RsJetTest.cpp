@@ -6,9 +6,12 @@
 
 #include "platform/jetfile/Database.h"
 
-#include "tests/frame/FrameFixture.h"
+#include "tests/support/AppFixture.h"
+#include "tests/support/MemberOk.h"
+#include "tests/support/Printers.h"
 
 #include <QCryptographicHash>
+#include <QFile>
 
 using namespace Qt::StringLiterals;
 
@@ -22,10 +25,10 @@ QByteArray digest(const QString& path) {
     return QCryptographicHash::hash(f.readAll(), QCryptographicHash::Sha256);
 }
 
-class RsJetTest : public FrameTest {
+class RsJetTest : public apptest::AppTest {
 protected:
     void SetUp() override {
-        FrameTest::SetUp();
+        apptest::AppTest::SetUp();
         path = dir.copyFixture(u"testV2000.mdb"_s);
         ASSERT_FALSE(path.isEmpty());
         before = digest(path);
@@ -38,7 +41,7 @@ protected:
         rs.RsClose();
         db->DbClose();
         EXPECT_EQ(digest(path), before); // nothing was written
-        FrameTest::TearDown();
+        apptest::AppTest::TearDown();
     }
 
     QString path;

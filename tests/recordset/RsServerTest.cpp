@@ -12,7 +12,9 @@
 #include "platform/ado/Error.h"
 #include "platform/ado/Recordset.h"
 
-#include "tests/frame/FrameFixture.h"
+#include "tests/support/AppFixture.h"
+#include "tests/support/MemberOk.h"
+#include "tests/support/Printers.h"
 #include "tests/support/RealServer.h"
 
 #include <iostream>
@@ -21,7 +23,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class RsServerTest : public FrameTest {
+class RsServerTest : public apptest::AppTest {
 protected:
     static void SetUpTestSuite() {
         if (!realserver::isNamed()) {
@@ -54,7 +56,7 @@ protected:
     void SetUp() override {
         REQUIRE_REAL_SERVER();
         ASSERT_TRUE(s_setupError.isEmpty()) << s_setupError.toStdString();
-        FrameTest::SetUp();
+        apptest::AppTest::SetUp();
         db = std::make_unique<nxDb>(); // after the library has started
         ASSERT_MEMBER_OK(db->DbOpen(s_database, 1, true, u"SQLOLEDB"_s, realserver::server(), 2,
                                     realserver::user(), realserver::password()));
@@ -66,7 +68,7 @@ protected:
         if (db) {
             db->DbClose();
         }
-        FrameTest::TearDown();
+        apptest::AppTest::TearDown();
     }
     // What the server holds for a code, read on a connection of the test's own.
     static QString nameOf(const QString& code) {
