@@ -8,10 +8,8 @@
 #include "platform/ado/SchemaRowsets.h"
 #include "platform/ado/recording/RecordingProvider.h"
 
-#include "tests/support/AppFixture.h"
+#include "tests/frame/FrameFixture.h"
 #include "tests/support/ForwardingSession.h"
-#include "tests/support/MemberOk.h"
-#include "tests/support/Printers.h"
 
 #include <deque>
 #include <memory>
@@ -130,10 +128,10 @@ public:
 // An application object, a server database "ARCHIVIO" on the recording provider, and the
 // table ANAGRAFICA: ID (identity, primary key), NOME (text of 10), ETA (number), NATO (date),
 // ATTIVO (boolean), CODICE (required text, not null).
-class RsTest : public apptest::AppTest {
+class RsTest : public FrameTest {
 protected:
     void SetUp() override {
-        apptest::AppTest::SetUp();
+        FrameTest::SetUp();
         ado::recording::Script& s = provider->recording.script();
         s.schema(ado::SchemaEnum::adSchemaCatalogs, {{u"ARCHIVIO"_s, vb::Variant()}});
         s.schema(ado::SchemaEnum::adSchemaTables, {tableRow(u"ANAGRAFICA"_s)});
@@ -149,7 +147,7 @@ protected:
         if (db) {
             db->DbClose();
         }
-        apptest::AppTest::TearDown();
+        FrameTest::TearDown();
     }
 
     static ado::Row tableRow(const QString& name) {

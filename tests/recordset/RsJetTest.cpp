@@ -6,12 +6,9 @@
 
 #include "platform/jetfile/Database.h"
 
-#include "tests/support/AppFixture.h"
-#include "tests/support/MemberOk.h"
-#include "tests/support/Printers.h"
+#include "tests/frame/FrameFixture.h"
 
 #include <QCryptographicHash>
-#include <QFile>
 
 using namespace Qt::StringLiterals;
 
@@ -25,10 +22,10 @@ QByteArray digest(const QString& path) {
     return QCryptographicHash::hash(f.readAll(), QCryptographicHash::Sha256);
 }
 
-class RsJetTest : public apptest::AppTest {
+class RsJetTest : public FrameTest {
 protected:
     void SetUp() override {
-        apptest::AppTest::SetUp();
+        FrameTest::SetUp();
         path = dir.copyFixture(u"testV2000.mdb"_s);
         ASSERT_FALSE(path.isEmpty());
         before = digest(path);
@@ -41,7 +38,7 @@ protected:
         rs.RsClose();
         db->DbClose();
         EXPECT_EQ(digest(path), before); // nothing was written
-        apptest::AppTest::TearDown();
+        FrameTest::TearDown();
     }
 
     QString path;

@@ -12,9 +12,7 @@
 #include "platform/ado/Error.h"
 #include "platform/ado/Recordset.h"
 
-#include "tests/support/AppFixture.h"
-#include "tests/support/MemberOk.h"
-#include "tests/support/Printers.h"
+#include "tests/frame/FrameFixture.h"
 #include "tests/support/RealServer.h"
 
 #include <iostream>
@@ -23,7 +21,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class RsServerTest : public apptest::AppTest {
+class RsServerTest : public FrameTest {
 protected:
     static void SetUpTestSuite() {
         if (!realserver::isNamed()) {
@@ -56,7 +54,7 @@ protected:
     void SetUp() override {
         REQUIRE_REAL_SERVER();
         ASSERT_TRUE(s_setupError.isEmpty()) << s_setupError.toStdString();
-        apptest::AppTest::SetUp();
+        FrameTest::SetUp();
         db = std::make_unique<nxDb>(); // after the library has started
         ASSERT_MEMBER_OK(db->DbOpen(s_database, 1, true, u"SQLOLEDB"_s, realserver::server(), 2,
                                     realserver::user(), realserver::password()));
@@ -68,7 +66,7 @@ protected:
         if (db) {
             db->DbClose();
         }
-        apptest::AppTest::TearDown();
+        FrameTest::TearDown();
     }
     // What the server holds for a code, read on a connection of the test's own.
     static QString nameOf(const QString& code) {
