@@ -267,6 +267,25 @@ protected:
         script.schema(ado::SchemaEnum::adSchemaColumns, columnRows);
     }
 
+    // The named source copied into the test's folder, with the server's answers scripted from
+    // it; empty when this build has no Solvaria sources.
+    QString prepare(const QString& name) {
+        const QString source = copySource(name);
+        if (!source.isEmpty()) {
+            answerFrom(readSource(source));
+        }
+        return source;
+    }
+
+    // The stop button, pressed when the run raises the event of that line.
+    void stopAt(const QString& line) {
+        events.onEvent = [this, line](const QString& raised) {
+            if (raised == line) {
+                runner->Stopped(true);
+            }
+        };
+    }
+
     bool convert(const QString& source) {
         runner->DbSrc(source);
         return runner->Run(source, nullptr, kJetProvider, {});
@@ -373,9 +392,8 @@ protected:
 };
 
 TEST_F(DbImportEndToEndTest, ASolvariaSourceIsConvertedWhole) {
-    const QString source = copySource(u"e2e"_s);
+    const QString source = prepare(u"e2e"_s);
     SKIP_WITHOUT_SOURCE(source);
-    answerFrom(readSource(source));
     // The suite's earlier configuration, kept as config.ini.old.
     const QString ini = dir.file(u"config.ini"_s);
     {
@@ -422,14 +440,9 @@ QStringList createdTables(const QStringList& statements) {
 // config.ini is not written and the source keeps its name. Nothing failed, so the run answers
 // true; the window tells the two apart by reading Stopped.
 TEST_F(DbImportEndToEndTest, AConfirmedStopAmongTheArchivesEndsTheRunBeforeTheNext) {
-    const QString source = copySource(u"e2e"_s);
+    const QString source = prepare(u"e2e"_s);
     SKIP_WITHOUT_SOURCE(source);
-    answerFrom(readSource(source));
-    events.onEvent = [this](const QString& line) {
-        if (line == u"UserTableDataCopy D_CONTRATTI"_s) {
-            runner->Stopped(true);
-        }
-    };
+    stopAt(u"UserTableDataCopy D_CONTRATTI"_s);
     box->answer({win::id::kYes, win::id::kYes});
     EXPECT_TRUE(convert(source)) << lastErrorReport();
     EXPECT_TRUE(runner->Stopped());
@@ -455,14 +468,9 @@ TEST_F(DbImportEndToEndTest, AConfirmedStopAmongTheArchivesEndsTheRunBeforeTheNe
 // The same stop refused at the run's question: the flag is cleared and the conversion goes on to
 // its end, rename included.
 TEST_F(DbImportEndToEndTest, ARefusedStopAmongTheArchivesLetsTheRunFinish) {
-    const QString source = copySource(u"e2e"_s);
+    const QString source = prepare(u"e2e"_s);
     SKIP_WITHOUT_SOURCE(source);
-    answerFrom(readSource(source));
-    events.onEvent = [this](const QString& line) {
-        if (line == u"UserTableDataCopy D_CONTRATTI"_s) {
-            runner->Stopped(true);
-        }
-    };
+    stopAt(u"UserTableDataCopy D_CONTRATTI"_s);
     box->answer({win::id::kYes, win::id::kNo});
     EXPECT_TRUE(convert(source)) << lastErrorReport();
     EXPECT_FALSE(runner->Stopped());
@@ -478,14 +486,9 @@ TEST_F(DbImportEndToEndTest, ARefusedStopAmongTheArchivesLetsTheRunFinish) {
 // A confirmed stop among the dictionaries ends their loop without a further question; the run
 // still points the suite at the server, but a stopped run never renames its source.
 TEST_F(DbImportEndToEndTest, AConfirmedStopAmongTheDictionariesSkipsTheRestButConfigures) {
-    const QString source = copySource(u"e2e"_s);
+    const QString source = prepare(u"e2e"_s);
     SKIP_WITHOUT_SOURCE(source);
-    answerFrom(readSource(source));
-    events.onEvent = [this](const QString& line) {
-        if (line == u"DictionaryCreating DIZ_TIPIDOC 3"_s) {
-            runner->Stopped(true);
-        }
-    };
+    stopAt(u"DictionaryCreating DIZ_TIPIDOC 3"_s);
     box->answer(win::id::kYes);
     EXPECT_TRUE(convert(source)) << lastErrorReport();
     EXPECT_TRUE(runner->Stopped());
@@ -503,14 +506,9 @@ TEST_F(DbImportEndToEndTest, AConfirmedStopAmongTheDictionariesSkipsTheRestButCo
 // Refused at the job's question, the stop never happens: every dictionary is made and the
 // source is renamed.
 TEST_F(DbImportEndToEndTest, ARefusedStopAmongTheDictionariesChangesNothing) {
-    const QString source = copySource(u"e2e"_s);
+    const QString source = prepare(u"e2e"_s);
     SKIP_WITHOUT_SOURCE(source);
-    answerFrom(readSource(source));
-    events.onEvent = [this](const QString& line) {
-        if (line == u"DictionaryCreating DIZ_TIPIDOC 3"_s) {
-            runner->Stopped(true);
-        }
-    };
+    stopAt(u"DictionaryCreating DIZ_TIPIDOC 3"_s);
     box->answer(win::id::kNo);
     EXPECT_TRUE(convert(source)) << lastErrorReport();
     EXPECT_FALSE(runner->Stopped());
@@ -607,9 +605,8 @@ private:
 // and ends the run at once, without its close-down (no ImportEnd, no closing line in the log).
 // config.ini is not written and the source keeps its name.
 TEST_F(DbImportEndToEndTest, AServerThatDropsTheConnectionInATableFailsTheRun) {
-    const QString source = copySource(u"e2e"_s);
+    const QString source = prepare(u"e2e"_s);
     SKIP_WITHOUT_SOURCE(source);
-    answerFrom(readSource(source));
     auto dropping = std::make_shared<DroppingServer>(server, u"D_FATTURE"_s);
     ado::ScopedProvider scope(u"SQLOLEDB"_s, dropping);
     for (int i = 0; i < 4; ++i) {
