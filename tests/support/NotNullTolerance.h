@@ -33,12 +33,14 @@ namespace notnull {
 struct Tolerated {
     QStringList columns;
     QStringList leftOpen;
-    // Each table's "create table" and "alter table .. add" texts, seen so far.
+    // Each table's "create table" and "alter table .. add" texts seen so far, by lower-case name
+    // (a server that lower-cases names gives them back so to a later run).
     QHash<QString, QString> definitions;
 
     bool declaredNotNull(const QString& table, const QString& column) const {
-        const QString text = definitions.value(table);
-        const qsizetype at = text.indexOf(QStringLiteral("[") + column + QStringLiteral("] "));
+        const QString text = definitions.value(table.toLower());
+        const qsizetype at =
+            text.indexOf(QStringLiteral("[") + column + QStringLiteral("] "), 0, Qt::CaseInsensitive);
         if (at < 0) {
             return false;
         }
@@ -57,7 +59,7 @@ public:
             QStringLiteral("^(?:create table (\\S+) \\(|alter table (\\S+) add )"));
         if (const auto d = definition.match(request.text); d.hasMatch()) {
             const QString table = d.captured(1).isEmpty() ? d.captured(2) : d.captured(1);
-            m_tolerated->definitions[table] += request.text + u'\n';
+            m_tolerated->definitions[table.toLower()] += request.text + u'\n';
         }
         try {
             return ForwardingSession::execute(request);
@@ -71,7 +73,8 @@ public:
             }
             const QString column = m.captured(1) + u'.' + m.captured(2);
             m_tolerated->columns << column;
-            if (!m_tolerated->declaredNotNull(m.captured(1), m.captured(2))) {
+            if (!m_tolerated->declaredNotNull(m.captured(1), m.captured(2)) &&
+                !m_tolerated->leftOpen.contains(column, Qt::CaseInsensitive)) {
                 m_tolerated->leftOpen << column;
             }
             return {};
@@ -103,7 +106,7 @@ private:
 inline QStringList stillNullable(const ado::ConnectionPtr& c, const Tolerated& tolerated) {
     QStringList open;
     for (const QString& column : tolerated.columns) {
-        if (tolerated.leftOpen.contains(column)) {
+        if (tolerated.leftOpen.contains(column, Qt::CaseInsensitive)) {
             continue;
         }
         ado::RecordsetPtr rs = c->Execute(
