@@ -1,11 +1,13 @@
 // An nxRsJob walk over one table of a Jet file, reading every field of every record through
 // nxRs::FldGet, against a bare jetfile scan of the same table that decodes every value, in the
-// same run. Prints records per second of both, their ratio, and the resident memory of the walk
-// at 100,000 records, half-way, at its end and at its highest, so that a layer keeping something
-// per record shows as growth. It also checks that the walk met every record once, in the file's
-// order (the table's first column is an autonumber counting from 1), and that both loops saw the
-// same number of present values. A second walk is stopped from another thread, as the job's
-// window stops it, half-way through the table: it must end within one record of the stop.
+// same run. Prints records per second of both and their ratio, by the clock, by processor time
+// and by user-mode processor cycles (where the kernel's counters are open), and the resident
+// memory of the walk at 100,000 records, half-way, at its end and at its highest, so that a layer
+// keeping something per record shows as growth. It also checks that the walk met every record
+// once, in the file's order (the table's first column is an autonumber counting from 1), and that
+// both loops saw the same number of present values. A second walk is stopped from another
+// thread, as the job's window stops it, half-way through the table: it must end within one
+// record of the stop.
 //
 //   rsjob_bench <file.mdb> <table> [forward|keyset|server]
 //
@@ -48,6 +50,11 @@ using benchmeasure::cpuSeconds;
 using benchmeasure::residentKiB;
 using benchmeasure::seconds;
 
+benchmeasure::UserCycles& userCycles() {
+    static benchmeasure::UserCycles counter;
+    return counter;
+}
+
 struct Walk {
     std::int64_t records = 0;
     std::int64_t present = 0;
@@ -56,6 +63,8 @@ struct Walk {
     double cpu = 0;
     double walkSecs = 0; // the walk alone, from OnBeforeJob to OnAfterJob
     double walkCpu = 0;
+    double cycles = 0; // user-mode processor cycles, 0 where the counter is not open
+    double walkCycles = 0;
     long rssStart = 0;
     long rssAt100k = 0;
     long rssMiddle = 0;
@@ -74,6 +83,7 @@ Walk bareScan(const QString& path, const QString& table) {
     QElapsedTimer t;
     t.start();
     const double cpuStart = cpuSeconds();
+    const double cyclesStart = userCycles().read();
     const auto db = jetfile::Database::open(path);
     auto cursor = db.scan(table);
     const int columns = static_cast<int>(cursor.table().columns.size());
@@ -85,6 +95,7 @@ Walk bareScan(const QString& path, const QString& table) {
     }
     w.secs = seconds(t);
     w.cpu = cpuSeconds() - cpuStart;
+    w.cycles = userCycles().read() - cyclesStart;
     w.rssEnd = residentKiB();
     return w;
 }
@@ -108,14 +119,17 @@ Walk jobWalk(nxDb& db, const QString& table, bool forwardOnly, bool serverSide,
     int columns = 0;
     QElapsedTimer walk;
     double walkCpuStart = 0;
+    double walkCyclesStart = 0;
     job.OnBeforeJob = [&](nxRs& rs, bool&, bool) {
         columns = rs.FldCount();
         walk.start();
         walkCpuStart = cpuSeconds();
+        walkCyclesStart = userCycles().read();
     };
     job.OnAfterJob = [&](nxRs&, bool&, bool) {
         w.walkSecs = seconds(walk);
         w.walkCpu = cpuSeconds() - walkCpuStart;
+        w.walkCycles = userCycles().read() - walkCyclesStart;
     };
     job.OnRecord = [&](nxRs& rs, bool&, bool) {
         ++w.records;
@@ -143,6 +157,7 @@ Walk jobWalk(nxDb& db, const QString& table, bool forwardOnly, bool serverSide,
     QElapsedTimer t;
     t.start();
     const double cpuStart = cpuSeconds();
+    const double cyclesStart = userCycles().read();
     if (!job.RsOpen(table, true)) {
         std::fprintf(stderr, "the recordset did not open: %s\n",
                      qPrintable(nxApp::LastError().Description()));
@@ -152,6 +167,7 @@ Walk jobWalk(nxDb& db, const QString& table, bool forwardOnly, bool serverSide,
     w.ok = job.Start();
     w.secs = seconds(t);
     w.cpu = cpuSeconds() - cpuStart;
+    w.cycles = userCycles().read() - cyclesStart;
     w.rssEnd = residentKiB();
     w.anonEnd = anonymousKiB();
     w.rssPeak = std::max(w.rssPeak, w.rssEnd);
@@ -260,6 +276,13 @@ int main(int argc, char** argv) {
     std::printf("ratio nxRsJob/bare: %.3f by the clock, %.3f by processor time; the walk alone "
                 "%.3f by processor time\n",
                 bare.secs / job.secs, bare.cpu / job.cpu, bare.cpu / job.walkCpu);
+    if (userCycles().valid() && job.cycles > 0 && job.walkCycles > 0) {
+        std::printf("ratio by user-mode cycles: %.3f, the walk alone %.3f (bare %.0f, walk %.0f "
+                    "cycles a record)\n",
+                    bare.cycles / job.cycles, bare.cycles / job.walkCycles,
+                    bare.cycles / static_cast<double>(bare.records),
+                    job.walkCycles / static_cast<double>(job.records));
+    }
     std::printf("walk resident memory: %ld KiB before, %ld KiB at 100,000 records, %ld KiB "
                 "half-way, %ld KiB at the end, %ld KiB at most\n",
                 job.rssStart, job.rssAt100k, job.rssMiddle, job.rssEnd, job.rssPeak);

@@ -11,6 +11,12 @@
 
 #include <ctime>
 
+#if defined(__linux__)
+#include <linux/perf_event.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+#endif
+
 namespace benchmeasure {
 
 // A field of /proc/self/status in KiB ("VmRSS:", "VmHWM:", "RssAnon:", "RssFile:"); 0 where
@@ -39,6 +45,50 @@ inline double cpuSeconds() {
     return static_cast<double>(ts.tv_sec) + static_cast<double>(ts.tv_nsec) / 1e9;
 }
 
-inline double seconds(const QElapsedTimer& t) { return static_cast<double>(t.nsecsElapsed()) / 1e9; }
+inline double seconds(const QElapsedTimer& t) {
+    return static_cast<double>(t.nsecsElapsed()) / 1e9;
+}
+
+// The processor cycles this thread spends in user mode, from the kernel's performance counters:
+// unlike processor time, they leave out the kernel's work (page faults of a mapped file) and the
+// time slices' bookkeeping. valid() is false where the counters are not open to the process (no
+// Linux, or a kernel that refuses them); read() then gives 0.
+class UserCycles {
+public:
+    UserCycles() {
+#if defined(__linux__)
+        perf_event_attr attr{};
+        attr.type = PERF_TYPE_HARDWARE;
+        attr.size = sizeof(attr);
+        attr.config = PERF_COUNT_HW_CPU_CYCLES;
+        attr.exclude_kernel = 1;
+        attr.exclude_hv = 1;
+        m_fd = static_cast<int>(syscall(SYS_perf_event_open, &attr, 0, -1, -1, 0));
+#endif
+    }
+    ~UserCycles() {
+#if defined(__linux__)
+        if (m_fd >= 0) {
+            close(m_fd);
+        }
+#endif
+    }
+    UserCycles(const UserCycles&) = delete;
+    UserCycles& operator=(const UserCycles&) = delete;
+
+    bool valid() const { return m_fd >= 0; }
+    double read() const {
+        long long value = 0;
+#if defined(__linux__)
+        if (m_fd >= 0 && ::read(m_fd, &value, sizeof(value)) != sizeof(value)) {
+            value = 0;
+        }
+#endif
+        return static_cast<double>(value);
+    }
+
+private:
+    int m_fd = -1;
+};
 
 } // namespace benchmeasure
