@@ -6,11 +6,8 @@
 #include "frame/nxLog.h"
 
 #include "platform/capicom/Error.h"
-#include "platform/vb/Err.h"
-#include "platform/win/FileRegistry.h"
-#include "platform/win/ScriptedMessageBox.h"
 
-#include "tests/support/TestFiles.h"
+#include "tests/support/AppFixture.h"
 
 #include <QDir>
 #include <QFile>
@@ -25,15 +22,11 @@ namespace {
 const ServerSettings kSettings{u"SRV\\SQL2019"_s, u"Archivio2024"_s, u"Archivio dell'anno"_s,
                                u"sa"_s, u"pass word"_s};
 
-class ConfigurationSwitchTest : public testing::Test {
+class ConfigurationSwitchTest : public apptest::AppTest {
 protected:
     void SetUp() override {
-        ASSERT_TRUE(dir.isValid());
-        nxApp::ResetForTesting();
-        vb::Err().Clear();
-        nxApp::SetMessageBox(box);
-        nxApp::SetRegistry(std::make_shared<win::FileRegistry>(dir.file(u"registry"_s)));
-        ASSERT_TRUE(nxApp::AppInitialize(vb::Variant(), QString()));
+        AppTest::SetUp();
+        ASSERT_FALSE(HasFatalFailure());
         source = dir.file(u"QZSystem.mdb"_s);
         ini = dir.file(u"config.ini"_s);
         QFile mdb(source);
@@ -42,7 +35,7 @@ protected:
     }
     void TearDown() override {
         log.LogClose();
-        nxApp::ResetForTesting();
+        AppTest::TearDown();
     }
 
     void openLog() {
@@ -60,8 +53,6 @@ protected:
                             QString::fromUtf16(kConfigSecret), true);
     }
 
-    TestDir dir;
-    std::shared_ptr<win::ScriptedMessageBox> box = std::make_shared<win::ScriptedMessageBox>();
     nxLog log;
     QString source;
     QString ini;

@@ -10,6 +10,7 @@
 #include "platform/win/FileRegistry.h"
 #include "platform/win/ScriptedMessageBox.h"
 
+#include "tests/support/AppFixture.h"
 #include "tests/support/MemberOk.h"
 #include "tests/support/Printers.h"
 #include "tests/support/TestFiles.h"
@@ -25,7 +26,7 @@ namespace enginetest {
 
 using namespace Qt::StringLiterals;
 
-inline const QString kJetProvider = u"Microsoft.Jet.OLEDB.4.0"_s;
+using apptest::kJetProvider;
 
 // The Solvaria-shaped sources mdbgen builds ("small", "findings-dates"...), or empty when this
 // build has none.
@@ -57,21 +58,8 @@ inline QStringList logTexts(const QString& path) {
 
 // A started application object with a scripted message box and a registry of its own, in a
 // folder of the test's own.
-class EngineTest : public testing::Test {
+class EngineTest : public apptest::AppTest {
 protected:
-    void SetUp() override {
-        ASSERT_TRUE(dir.isValid());
-        nxApp::ResetForTesting();
-        vb::Err().Clear();
-        nxApp::SetMessageBox(box);
-        nxApp::SetRegistry(std::make_shared<win::FileRegistry>(dir.file(u"registry"_s)));
-        ASSERT_TRUE(nxApp::AppInitialize(vb::Variant(), QString()));
-    }
-    void TearDown() override {
-        nxApp::ResetForTesting();
-        vb::Err().Clear();
-    }
-
     // Copies a built source into the test's folder as QZSystem.mdb; skips when there is none.
     QString copySource(const QString& name) {
         const QString from = solvariaSource(name);
@@ -86,9 +74,6 @@ protected:
         QFile::setPermissions(to, QFile::ReadOwner | QFile::WriteOwner);
         return to;
     }
-
-    TestDir dir;
-    std::shared_ptr<win::ScriptedMessageBox> box = std::make_shared<win::ScriptedMessageBox>();
 };
 
 } // namespace enginetest

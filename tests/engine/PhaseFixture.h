@@ -17,6 +17,7 @@
 #include "platform/win/FileRegistry.h"
 #include "platform/win/ScriptedMessageBox.h"
 
+#include "tests/support/AppFixture.h"
 #include "tests/support/MemberOk.h"
 #include "tests/support/Printers.h"
 #include "tests/support/TestFiles.h"
@@ -34,8 +35,8 @@ namespace phasetest {
 using namespace Qt::StringLiterals;
 using ado::recording::RecordingProvider;
 
-inline const QString kServer = u"SQLOLEDB"_s;
-inline const QString kJet = u"Microsoft.Jet.OLEDB.4.0"_s;
+inline const QString& kServer = apptest::kServerProvider;
+inline const QString& kJet = apptest::kJetProvider;
 
 // The events a phase raised, one line each: "TableImportStart 12", "Error 4 (T) 5: text".
 class RecordedEvents : public DbImportEvents {
@@ -109,21 +110,17 @@ struct RunMembers {
 
 // A started application object with a scripted message box, a registry of its own and a
 // recording server in place of SQLOLEDB.
-class PhaseTest : public testing::Test {
+class PhaseTest : public apptest::AppTest {
 protected:
     void SetUp() override {
-        ASSERT_TRUE(dir.isValid());
-        nxApp::ResetForTesting();
-        vb::Err().Clear();
-        nxApp::SetMessageBox(box);
-        nxApp::SetRegistry(std::make_shared<win::FileRegistry>(dir.file(u"registry"_s)));
-        ASSERT_TRUE(nxApp::AppInitialize(vb::Variant(), QString()));
-        run = std::make_unique<RunMembers>();
+        AppTest::SetUp();
+        if (!HasFatalFailure()) {
+            run = std::make_unique<RunMembers>();
+        }
     }
     void TearDown() override {
         run.reset();
-        nxApp::ResetForTesting();
-        vb::Err().Clear();
+        AppTest::TearDown();
     }
 
     // Opens `db` on database QZ of the recording server SRV01, reporting `version`, binds the
@@ -156,10 +153,8 @@ protected:
 
     QStringList statements() const { return server->journal().statements(); }
 
-    TestDir dir;
     // Made once the application object is started: the library classes do nothing before.
     std::unique_ptr<RunMembers> run;
-    std::shared_ptr<win::ScriptedMessageBox> box = std::make_shared<win::ScriptedMessageBox>();
     std::shared_ptr<RecordingProvider> server = std::make_shared<RecordingProvider>(kServer);
     // Reset by tests that reach the real server.
     std::optional<ado::ScopedProvider> serverScope{std::in_place, kServer, server};
