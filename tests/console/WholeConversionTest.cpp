@@ -492,6 +492,30 @@ TEST_F(CliConversionTest, AFailureTheRunKeepsToItselfNamesTheLastStepAndTheLog) 
     EXPECT_TRUE(QFile::exists(source));
 }
 
+TEST_F(CliConversionTest, ASchemaTheServerRefusesEndsAtTheDatabaseWithItsName) {
+    // A server that refuses to close a column with "alter column .. not null" (one T-SQL server
+    // does): the system's creation of the database reports a failure, the run ends there
+    // without its close-down, and nothing of the source is set aside.
+    server->server->script().onPrefix(
+        u"alter table QZSYSTEM alter column"_s,
+        ado::recording::Answer::failing(
+            ado::Error(ado::HResult::E_UNSPECIFIED,
+                       u"'NOT NULL in ALTER TABLE ALTER COLUMN' is not supported"_s,
+                       u"Microsoft OLE DB Provider for SQL Server"_s)));
+    EXPECT_EQ(runCli(), cli::kFailed);
+    EXPECT_EQ(out, u"Inizio verifica database sorgente...\n"
+                   u"Verifica database sorgente completata.\n"
+                   u"Creazione database 'Archivio' su SRV01.\n"
+                   u"Errore di creazione database Archivio\n"_s);
+    EXPECT_EQ(err, u"upsizer-cli: Importazione fallita. Errore di creazione database Archivio\n"_s);
+    // The creation went on past the refused statement to the tables after it.
+    const QStringList journal = server->server->journal().lines();
+    EXPECT_FALSE(journal.filter(u"alter table QZSYSTEM alter column"_s).isEmpty());
+    EXPECT_FALSE(journal.filter(u"create table UTENTE_PROFILO"_s).isEmpty());
+    EXPECT_TRUE(QFile::exists(source));
+    EXPECT_FALSE(QFile::exists(source + u".old"_s));
+}
+
 TEST_F(CliConversionTest, AFailedVerificationEndsWithTheLogToRead) {
     // A source with a Null in a primary key, which the server would refuse.
     QFile::remove(source);
