@@ -5,10 +5,10 @@
 // SQL Server runs it). nxTd sends that statement to close each required and key column, and a
 // table's batch stops at the first failure, so on such a server no key, default or index after it
 // would ever be made and nothing of them could be checked. Wrapped in this provider, the refusal
-// of exactly that statement is answered as if it had run, and the column is noted: a test then
-// checks that every noted column that its own definition already declared not null is indeed not
-// null. A column defined open and closed only by the refused statement (a required column that is
-// not part of the key) stays open on such a server: it is noted apart, for the test to report as
+// of exactly that statement is answered as if it had run, and the column is noted. A column its
+// definition had already made not null is checked again at the end (nothing after the refusal may
+// have left it open); one that was still nullable when the server refused (defined open, closed
+// only by that statement) stays so on such a server and is noted apart, for the test to report as
 // the server's difference. Every other statement and failure passes through untouched.
 // Header-only.
 
@@ -20,7 +20,6 @@
 
 #include "tests/support/ForwardingSession.h"
 
-#include <QHash>
 #include <QRegularExpression>
 #include <QStringList>
 
@@ -28,25 +27,12 @@
 
 namespace notnull {
 
-// The columns whose closing the server refused, as "TABLE.COLUMN", in order; those of them whose
-// definition left them open, so that the refusal leaves them nullable on that server.
+// The columns whose closing the server refused, as "TABLE.COLUMN", in order; those of them that
+// were still nullable when it refused (their definition left them open, so the refusal leaves
+// them nullable on that server), each once.
 struct Tolerated {
     QStringList columns;
     QStringList leftOpen;
-    // Each table's "create table" and "alter table .. add" texts seen so far, by lower-case name
-    // (a server that lower-cases names gives them back so to a later run).
-    QHash<QString, QString> definitions;
-
-    bool declaredNotNull(const QString& table, const QString& column) const {
-        const QString text = definitions.value(table.toLower());
-        const qsizetype at =
-            text.indexOf(QStringLiteral("[") + column + QStringLiteral("] "), 0, Qt::CaseInsensitive);
-        if (at < 0) {
-            return false;
-        }
-        const qsizetype next = text.indexOf(QStringLiteral(", ["), at);
-        return text.mid(at, next < 0 ? -1 : next - at).contains(QStringLiteral(" not null"));
-    }
 };
 
 class ToleratingSession : public ForwardingSession {
@@ -55,12 +41,6 @@ public:
         : ForwardingSession(std::move(inner)), m_tolerated(std::move(t)) {}
 
     ado::CommandResult execute(const ado::CommandRequest& request) override {
-        static const QRegularExpression definition(
-            QStringLiteral("^(?:create table (\\S+) \\(|alter table (\\S+) add )"));
-        if (const auto d = definition.match(request.text); d.hasMatch()) {
-            const QString table = d.captured(1).isEmpty() ? d.captured(2) : d.captured(1);
-            m_tolerated->definitions[table.toLower()] += request.text + u'\n';
-        }
         try {
             return ForwardingSession::execute(request);
         } catch (const ado::Error& e) {
@@ -73,7 +53,7 @@ public:
             }
             const QString column = m.captured(1) + u'.' + m.captured(2);
             m_tolerated->columns << column;
-            if (!m_tolerated->declaredNotNull(m.captured(1), m.captured(2)) &&
+            if (nullableNow(m.captured(1), m.captured(2)) &&
                 !m_tolerated->leftOpen.contains(column, Qt::CaseInsensitive)) {
                 m_tolerated->leftOpen << column;
             }
@@ -82,6 +62,17 @@ public:
     }
 
 private:
+    // What the server holds for the column right after refusing to close it.
+    bool nullableNow(const QString& table, const QString& column) {
+        ado::CommandRequest question;
+        question.text = QStringLiteral("select cast(is_nullable as int) from sys.columns where "
+                                       "object_id = object_id('%1') and name = '%2'")
+                            .arg(table, column);
+        const ado::CommandResult answer = ForwardingSession::execute(question);
+        return answer.rowset && answer.rowset->next() &&
+               answer.rowset->value(0).toString() == QStringLiteral("1");
+    }
+
     std::shared_ptr<Tolerated> m_tolerated;
 };
 
@@ -100,9 +91,8 @@ private:
     std::shared_ptr<Tolerated> m_tolerated;
 };
 
-// The noted columns declared not null that the server holds as nullable all the same
-// (sys.columns), for a test to expect none: a tolerated statement must not have hidden a column
-// left open by its own definition.
+// The noted columns that were not null when the server refused to close them and are nullable
+// now (sys.columns), for a test to expect none.
 inline QStringList stillNullable(const ado::ConnectionPtr& c, const Tolerated& tolerated) {
     QStringList open;
     for (const QString& column : tolerated.columns) {
