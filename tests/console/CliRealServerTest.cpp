@@ -13,7 +13,7 @@
 // - qzSystem::DbCreate asks the catalog a question for nearly every column, key and index, each
 //   on a login of its own: the whole system schema takes 11 to 25 minutes there (hours while its
 //   T-SQL parser started cold for every login), and the run prints nothing meanwhile: it waits on
-//   the server, it is not hung. The whole conversion took 24 minutes there under load;
+//   the server, it is not hung. The whole conversion took 20 to 24 minutes there under load;
 // - it accepts any password for a known login, so a refused login is shown with an unknown one;
 // - it lists names in lower case, so tables are compared without regard to case.
 #include "console/DbImportRun.h"
