@@ -17,6 +17,9 @@
 //   that each one its own definition declared not null is so all the same; the required columns
 //   outside the keys, defined open and closed only by that statement, stay nullable there and
 //   are listed by name; everything else is checked as on SQL Server;
+// - it lists an index under a name of its own (the name lower-cased with a hash added) and then
+//   finds no index of that name to drop, so DbCreate on the existing database stops at the first
+//   index it would make again; the test says so and checks the rest as on SQL Server;
 // - it keeps no names of its own for default constraints (it lists them as df_<table>_<number>),
 //   so there the DEFVAL_ constraints are counted but their names are not checked;
 // - its catalog is slow: each catalog question of nxConn logs in on a connection of its own, and
@@ -41,6 +44,7 @@
 
 #include <QElapsedTimer>
 #include <QHash>
+#include <QRegularExpression>
 #include <QSet>
 
 #include <algorithm>
@@ -353,8 +357,19 @@ TEST_F(DbCreateServerTest, TheWholeSchemaThenTheSameOnTheExistingDatabase) {
     // On the database that exists the keys go first and every table is opened and completed.
     timer.restart();
     tolerated->columns.clear();
-    EXPECT_MEMBER_OK(dbCreate(8));
+    const bool again = dbCreate(8);
     std::cout << "DbCreate on the existing database: " << timer.elapsed() << " ms\n";
+    static const QRegularExpression ownIndexName(
+        u"^index \"\\w+[0-9a-f]{32}\" does not exist$"_s);
+    if (!again && s_babelfish &&
+        ownIndexName.match(nxApp::LastError().Description()).hasMatch()) {
+        // It lists an index under a name of its own (lower-cased, a hash added) and then finds
+        // no index of that name when told to drop it; SQL Server gives back the given name.
+        std::cout << "the server refused to drop an index under the name it lists: "
+                  << lastErrorReport() << '\n';
+    } else {
+        EXPECT_TRUE(again) << lastErrorReport();
+    }
     expectToleratedColumnsNotNull();
     expectSystemSchema();
     EXPECT_TRUE(box->shown().empty());
