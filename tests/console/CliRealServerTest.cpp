@@ -148,7 +148,7 @@ TEST_F(CliRealServerTest, ASmallSourceBecomesADatabaseOnTheServer) {
     std::cout << "solvaria-small converted through upsizer-cli in " << clock.elapsed() / 1000
               << " s; the server refused \"alter column .. not null\" for "
               << tolerated->columns.size() << " columns, " << tolerated->leftOpen.size()
-              << " of them left nullable there\n";
+              << " of them still nullable then\n";
     const std::string why = report(code, out, err).toStdString();
 
     ASSERT_EQ(code, cli::kDone) << why;

@@ -28,8 +28,7 @@
 namespace notnull {
 
 // The columns whose closing the server refused, as "TABLE.COLUMN", in order; those of them that
-// were still nullable when it refused (their definition left them open, so the refusal leaves
-// them nullable on that server), each once.
+// were still nullable when it refused, each once (a key made later may close them all the same).
 struct Tolerated {
     QStringList columns;
     QStringList leftOpen;
@@ -91,14 +90,10 @@ private:
     std::shared_ptr<Tolerated> m_tolerated;
 };
 
-// The noted columns that were not null when the server refused to close them and are nullable
-// now (sys.columns), for a test to expect none.
-inline QStringList stillNullable(const ado::ConnectionPtr& c, const Tolerated& tolerated) {
+// Those of `columns` ("TABLE.COLUMN") that the server holds as nullable now (sys.columns).
+inline QStringList nullableOf(const ado::ConnectionPtr& c, const QStringList& columns) {
     QStringList open;
-    for (const QString& column : tolerated.columns) {
-        if (tolerated.leftOpen.contains(column, Qt::CaseInsensitive)) {
-            continue;
-        }
+    for (const QString& column : columns) {
         ado::RecordsetPtr rs = c->Execute(
             QStringLiteral("select cast(is_nullable as int) from sys.columns where object_id = "
                            "object_id('%1') and name = '%2'")
@@ -109,6 +104,18 @@ inline QStringList stillNullable(const ado::ConnectionPtr& c, const Tolerated& t
         rs->Close();
     }
     return open;
+}
+
+// The noted columns that were not null when the server refused to close them and are nullable
+// now, for a test to expect none.
+inline QStringList stillNullable(const ado::ConnectionPtr& c, const Tolerated& tolerated) {
+    QStringList closed;
+    for (const QString& column : tolerated.columns) {
+        if (!tolerated.leftOpen.contains(column, Qt::CaseInsensitive)) {
+            closed << column;
+        }
+    }
+    return nullableOf(c, closed);
 }
 
 } // namespace notnull
