@@ -259,7 +259,8 @@ void nxJob::pumpIfDue(std::int32_t tick) {
 }
 
 void nxJob::updateStatusText(const QString& text) {
-    if (!text.isEmpty() && text != m_statusText) {
+    // A walk passes the same string at every record: a shared one needs no comparison.
+    if (!text.isEmpty() && !text.isSharedWith(m_statusText) && text != m_statusText) {
         showText(kStatusSlot, text);
         m_statusText = text;
     }

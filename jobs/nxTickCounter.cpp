@@ -80,16 +80,15 @@ std::int32_t nxTickCounter::Check(const QString& label) {
     const std::int32_t now = Current();
     const std::int32_t total = elapsed(now, m_start);
     const std::int32_t delta = elapsed(now, m_last);
-    logCheck(delta, total, label);
+    if (!label.isEmpty() || !m_title.isEmpty()) {
+        logCheck(delta, total, label);
+    }
     m_last = now;
     ++m_checks;
     return total;
 }
 
 void nxTickCounter::logCheck(std::int32_t delta, std::int32_t total, const QString& label) const {
-    if (label.isEmpty() && m_title.isEmpty()) {
-        return;
-    }
     const QString text =
         FormatTick(delta, true) + u" ("_s + FormatTick(total, true) + u" totali)"_s;
     QString right = twoDigits(m_checks);

@@ -165,6 +165,7 @@ void nxRs::noteCursor() {
     m_underlyingOnJet = m_db != nullptr && m_db->DbType() == 0 &&
                         m_rs->LockType() != ado::LockTypeEnum::adLockReadOnly &&
                         m_rs->CursorType() == ado::CursorTypeEnum::adOpenKeyset;
+    m_hasBookmarks = m_rs->Supports(ado::adBookmark);
     m_hasPosition = m_rs->Supports(ado::adApproxPosition) ||
                     m_rs->Properties().find(u"IRowsetLocate"_s) != nullptr;
     m_keepReads = m_rs->LockType() == ado::LockTypeEnum::adLockReadOnly;

@@ -177,8 +177,10 @@ private:
     void loadValues();
     void forgetReads() noexcept;
     bool positionIsValid() noexcept;
+    void fetchValue(int index, vb::Variant& value) const;
     bool readField(int index, vb::Variant& value);
     bool recValue(int index, const vb::Variant& field, vb::Variant& value, bool silent);
+    bool readFailed(const vb::Variant& field, const vb::Variant& value, bool silent);
     bool convertForField(int index, vb::Variant& value, bool silent);
     bool updateFailed(bool silent, bool cancelOnError, bool& undo, bool& edit, bool& retry);
     QString passOverErrors(const QStringList& states);
@@ -200,6 +202,7 @@ private:
     bool m_stale = false;           // the copy still holds the record before the last move
     bool m_underlyingOnJet = false; // a Jet keyset cursor that may write: see useUnderlying
     bool m_hasPosition = false;     // the cursor knows its records' positions
+    bool m_hasBookmarks = false;    // and has bookmarks to come back to
     // A read-only recordset cannot change the row it stands on: what was read there holds until
     // the next move, as ADO's own row buffer does. A walk reads each value once, and asks for
     // the record's validity (a read of its first field) and its position at every record.
@@ -219,3 +222,29 @@ private:
     int m_retries = 0;
     std::function<std::int32_t()> m_clock;
 };
+
+// A walk reads every field of every record through the three below: they stay inline.
+
+// On Jet, a keyset cursor that may write keeps a cached copy: the row's own value is read
+// instead, except on a new row.
+inline bool nxRs::useUnderlying() const {
+    return m_underlyingOnJet && m_rs->EditMode() != ado::EditModeEnum::adEditAdd;
+}
+
+// Into `value`, whose text storage is reused: FldGet reads straight into the copy of the record.
+inline void nxRs::fetchValue(int index, vb::Variant& value) const {
+    if (useUnderlying()) {
+        value = m_rs->underlyingValue(index);
+    } else {
+        m_rs->readFieldValue(index, value);
+    }
+}
+
+inline bool nxRs::recValue(int index, const vb::Variant& field, vb::Variant& value, bool silent) {
+    try {
+        fetchValue(index, value);
+        return true;
+    } catch (...) {
+        return readFailed(field, value, silent);
+    }
+}

@@ -192,16 +192,9 @@ bool nxRs::FldIsSet(const vb::Variant& Field) noexcept {
     return !v.isNull() && !v.isEmpty();
 }
 
-// On Jet, a keyset cursor that may write keeps a cached copy: the row's own value is read
-// instead, except on a new row.
-bool nxRs::useUnderlying() const {
-    return m_underlyingOnJet && m_rs->EditMode() != ado::EditModeEnum::adEditAdd;
-}
-
 bool nxRs::readField(int index, vb::Variant& value) {
     try {
-        ado::Field& field = m_rs->Fields(index);
-        value = useUnderlying() ? field.UnderlyingValue() : field.Value();
+        fetchValue(index, value);
         return true;
     } catch (const ado::Error& e) {
         const auto code = static_cast<std::uint32_t>(e.hresult());
@@ -216,26 +209,21 @@ bool nxRs::FldRecValue(const vb::Variant& Field, vb::Variant& Value, bool Silent
     return FldExist(Field, &i) && recValue(i, Field, Value, Silent);
 }
 
-bool nxRs::recValue(int index, const vb::Variant& field, vb::Variant& value, bool silent) {
-    try {
-        ado::Field& f = m_rs->Fields(index);
-        value = useUnderlying() ? f.UnderlyingValue() : f.Value();
+// Called from a handler: the exception under way says why the read failed.
+bool nxRs::readFailed(const vb::Variant& field, const vb::Variant& value, bool silent) {
+    frame::LoadAmbientError();
+    const auto code = static_cast<std::uint32_t>(vb::Err().Number);
+    if (code == kCantConvertValue || code == kDeletedRow) {
+        vb::Err().Clear();
         return true;
-    } catch (...) {
-        frame::LoadAmbientError();
-        const auto code = static_cast<std::uint32_t>(vb::Err().Number);
-        if (code == kCantConvertValue || code == kDeletedRow) {
-            vb::Err().Clear();
-            return true;
-        }
-        const QString valueText = value.isMissing() ? u"<mancante>"_s
-                                  : value.isEmpty() ? u"<vuoto>"_s
-                                                    : value.toString();
-        nxApp::ErrorBox(u"nxRs.FldRecValue("_s + argumentText(field) + u", "_s + valueText +
-                            u", "_s + vb::Variant(silent).toString() + u')',
-                        silent, false);
-        return false;
     }
+    const QString valueText = value.isMissing() ? u"<mancante>"_s
+                              : value.isEmpty() ? u"<vuoto>"_s
+                                                : value.toString();
+    nxApp::ErrorBox(u"nxRs.FldRecValue("_s + argumentText(field) + u", "_s + valueText + u", "_s +
+                        vb::Variant(silent).toString() + u')',
+                    silent, false);
+    return false;
 }
 
 void nxRs::loadValues() {

@@ -23,7 +23,7 @@ bool nxRs::Eof() const noexcept {
 }
 
 bool nxRs::IsValidPos() const noexcept {
-    return m_isOpened && !Bof() && !Eof();
+    return m_isOpened && m_rs && IgnoreErrors(false, [&] { return !m_rs->Bof() && !m_rs->Eof(); });
 }
 
 // IsValidPos, asked of the cursor once per position when the recordset keeps its reads.
@@ -53,10 +53,10 @@ bool nxRs::IsValidRec() noexcept {
     }
     if (!m_keepReads) {
         vb::Variant first;
-        return FldRecValue(0, first, true);
+        return recValue(0, std::int32_t{0}, first, true);
     }
     if (m_read[0] == 0) {
-        if (!FldRecValue(0, m_values[0], true)) {
+        if (!recValue(0, std::int32_t{0}, m_values[0], true)) {
             return false;
         }
         m_read[0] = 1;
@@ -187,7 +187,9 @@ void nxRs::onMoveComplete(ado::EventReasonEnum reason) {
         const bool adding =
             IgnoreErrors(false, [&] { return m_rs->EditMode() == ado::EditModeEnum::adEditAdd; });
         if (!adding) {
-            m_lastGood = Bookmark();
+            m_lastGood = m_hasBookmarks
+                              ? IgnoreErrors(vb::Variant(), [&] { return m_rs->Bookmark(); })
+                              : vb::Variant();
         }
         // The copy is read when something needs it (an edit, a comparison): outside an edit
         // FldGet reads the field itself, so a walk reads each value once.

@@ -49,32 +49,37 @@ inline double seconds(const QElapsedTimer& t) {
     return static_cast<double>(t.nsecsElapsed()) / 1e9;
 }
 
-// The processor cycles this thread spends in user mode, from the kernel's performance counters:
-// unlike processor time, they leave out the kernel's work (page faults of a mapped file) and the
-// time slices' bookkeeping. valid() is false where the counters are not open to the process (no
-// Linux, or a kernel that refuses them); read() then gives 0.
-class UserCycles {
+// What this thread does in user mode, from the kernel's performance counters: processor cycles
+// or instructions retired. Unlike processor time, they leave out the kernel's work (page faults
+// of a mapped file) and the time slices' bookkeeping; instructions also leave out what other
+// programs on a shared machine do to the caches, so they hardly move from run to run. valid() is
+// false where the counters are not open to the process (no Linux, or a kernel that refuses
+// them); read() then gives 0.
+class UserCounter {
 public:
-    UserCycles() {
+    enum class Kind { Cycles, Instructions };
+    explicit UserCounter(Kind kind) {
 #if defined(__linux__)
         perf_event_attr attr{};
         attr.type = PERF_TYPE_HARDWARE;
         attr.size = sizeof(attr);
-        attr.config = PERF_COUNT_HW_CPU_CYCLES;
+        attr.config = kind == Kind::Cycles ? PERF_COUNT_HW_CPU_CYCLES : PERF_COUNT_HW_INSTRUCTIONS;
         attr.exclude_kernel = 1;
         attr.exclude_hv = 1;
         m_fd = static_cast<int>(syscall(SYS_perf_event_open, &attr, 0, -1, -1, 0));
+#else
+        static_cast<void>(kind);
 #endif
     }
-    ~UserCycles() {
+    ~UserCounter() {
 #if defined(__linux__)
         if (m_fd >= 0) {
             close(m_fd);
         }
 #endif
     }
-    UserCycles(const UserCycles&) = delete;
-    UserCycles& operator=(const UserCycles&) = delete;
+    UserCounter(const UserCounter&) = delete;
+    UserCounter& operator=(const UserCounter&) = delete;
 
     bool valid() const { return m_fd >= 0; }
     double read() const {

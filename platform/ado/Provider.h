@@ -59,6 +59,10 @@ public:
     virtual bool seek(RowId id) = 0;
     // A value of the current row.
     virtual vb::Variant value(int column) = 0;
+    // The same value written into `into`, for a reader that keeps one variant per column: a
+    // rowset that can decode into the storage `into` holds does so. On failure it throws as
+    // value() does.
+    virtual void readValue(int column, vb::Variant& into) { into = value(column); }
     virtual std::vector<PropertyValue> properties() const = 0;
 
     // Changes. A read-only rowset answers false and throws from the three others.

@@ -495,9 +495,7 @@ void Recordset::setActiveConnection(const ConnectionPtr& connection) {
 }
 
 vb::Variant Recordset::fieldValue(int column) const {
-    // The common read, with no edit under way and the provider standing on the current row,
-    // goes straight to the provider: a scan reads every value of every row through here.
-    if (m_rowset && m_edit.mode() == EditModeEnum::adEditNone && m_navigator.providerOnCurrent()) {
+    if (readsStraight()) {
         try {
             return m_rowset->value(column);
         } catch (const Error& e) {

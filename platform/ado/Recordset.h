@@ -121,6 +121,20 @@ public:
 
     // For Field, Command and Connection.
     vb::Variant fieldValue(int column) const;
+    // fieldValue written into `into`: where the provider can, a text goes into the storage
+    // `into` already holds, so a reader keeping one variant per column does not allocate anew.
+    // A walk reads every value of every row through here: the common case stays inline.
+    void readFieldValue(int column, vb::Variant& into) const {
+        if (!readsStraight()) {
+            into = fieldValue(column);
+            return;
+        }
+        try {
+            m_rowset->readValue(column, into);
+        } catch (const Error& e) {
+            providerFailed(e);
+        }
+    }
     vb::Variant underlyingValue(int column) const;
     void setFieldValue(int column, const vb::Variant& value);
     void attach(std::unique_ptr<ProviderRowset> rowset, const CommandRequest& request,
@@ -129,6 +143,12 @@ public:
     void setSchemaSource(SchemaEnum schema, std::vector<vb::Variant> restrictions);
 
 private:
+    // No edit under way and the provider standing on the current row: a read goes straight to
+    // the provider.
+    bool readsStraight() const noexcept {
+        return m_rowset && m_edit.mode() == EditModeEnum::adEditNone &&
+               m_navigator.providerOnCurrent();
+    }
     void requireOpen() const;
     void requireCurrent(const QString& source) const;
     void requireMoveAllowed(bool forward) const;

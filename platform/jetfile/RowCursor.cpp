@@ -158,6 +158,11 @@ vb::Variant RowCursor::value(int column) const {
     return detail::decodeValue(*m_state->source, c, m_state->row, m_state->longValues);
 }
 
+void RowCursor::readValue(int column, vb::Variant& into) const {
+    const Column& c = checkedColumn(column);
+    detail::decodeValueInto(*m_state->source, c, m_state->row, m_state->longValues, into);
+}
+
 vb::Variant RowCursor::value(QStringView columnName) const {
     const int index = m_state->table->definition.columnIndex(columnName);
     if (index < 0) {

@@ -44,6 +44,9 @@ public:
     // in detail/Values.h: Null when nothing is stored, "" for an empty text.
     vb::Variant value(int column) const;
     vb::Variant value(QStringView columnName) const;
+    // value(column) written into `into`, reusing the text storage it holds: a reader that keeps
+    // one variant per column decodes row after row without allocating for its texts.
+    void readValue(int column, vb::Variant& into) const;
     bool isNull(int column) const;
     // The declared length of a Memo or OLE value in bytes, without reading it; 0 when null.
     std::uint32_t longValueLength(int column) const;

@@ -121,6 +121,15 @@ public:
 
     template <class T> const T* get() const noexcept { return std::get_if<T>(&m_value); }
 
+    // Makes the variant a string if it is not one already and gives that string to write into:
+    // a reader that decodes value after value into the same variant reuses its storage.
+    QString& holdString() {
+        if (QString* text = std::get_if<QString>(&m_value)) {
+            return *text;
+        }
+        return m_value.emplace<QString>();
+    }
+
 private:
     Value m_value;
 };

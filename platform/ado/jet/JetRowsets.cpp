@@ -55,12 +55,25 @@ bool TableRowset::seek(RowId id) {
     return m_onRow;
 }
 
-vb::Variant TableRowset::value(int column) {
+void TableRowset::requireColumn(int column) const {
     if (!m_onRow || column < 0 || column >= static_cast<int>(m_columns.size())) {
         raise(HResult::adErrNoCurrentRecord, u"ADODB.Field"_s);
     }
+}
+
+vb::Variant TableRowset::value(int column) {
+    requireColumn(column);
     try {
         return m_cursor.value(column);
+    } catch (const jetfile::Error& e) {
+        throw fromReader(e);
+    }
+}
+
+void TableRowset::readValue(int column, vb::Variant& into) {
+    requireColumn(column);
+    try {
+        m_cursor.readValue(column, into);
     } catch (const jetfile::Error& e) {
         throw fromReader(e);
     }
@@ -97,11 +110,17 @@ ProjectedRowset::ProjectedRowset(std::unique_ptr<ProviderRowset> inner,
     }
 }
 
-vb::Variant ProjectedRowset::value(int column) {
+int ProjectedRowset::innerColumn(int column) const {
     if (column < 0 || column >= static_cast<int>(m_map.size())) {
         raise(HResult::adErrNoCurrentRecord, u"ADODB.Field"_s);
     }
-    return m_inner->value(m_map[static_cast<std::size_t>(column)]);
+    return m_map[static_cast<std::size_t>(column)];
+}
+
+vb::Variant ProjectedRowset::value(int column) { return m_inner->value(innerColumn(column)); }
+
+void ProjectedRowset::readValue(int column, vb::Variant& into) {
+    m_inner->readValue(innerColumn(column), into);
 }
 
 SortedRowset::SortedRowset(std::unique_ptr<ProviderRowset> inner, std::vector<Key> keys,

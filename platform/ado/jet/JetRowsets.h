@@ -25,6 +25,7 @@ public:
     RowId rowId() const override;
     bool seek(RowId id) override;
     vb::Variant value(int column) override;
+    void readValue(int column, vb::Variant& into) override;
     std::vector<PropertyValue> properties() const override { return {}; }
     bool canUpdate() const override { return false; }
     RowId insertRow(const std::vector<FieldChange>& values) override;
@@ -32,6 +33,8 @@ public:
     void deleteRow(RowId id) override;
 
 private:
+    void requireColumn(int column) const;
+
     jetfile::RowCursor m_cursor;
     std::vector<ColumnInfo> m_columns;
     CursorTypeEnum m_cursorType;
@@ -51,6 +54,7 @@ public:
     RowId rowId() const override { return m_inner->rowId(); }
     bool seek(RowId id) override { return m_inner->seek(id); }
     vb::Variant value(int column) override { return m_inner->value(column); }
+    void readValue(int column, vb::Variant& into) override { m_inner->readValue(column, into); }
     std::vector<PropertyValue> properties() const override { return m_inner->properties(); }
     bool canUpdate() const override { return false; }
     RowId insertRow(const std::vector<FieldChange>& values) override;
@@ -83,8 +87,11 @@ public:
     ProjectedRowset(std::unique_ptr<ProviderRowset> inner, const std::vector<Output>& outputs);
     const std::vector<ColumnInfo>& columns() const override { return m_columns; }
     vb::Variant value(int column) override;
+    void readValue(int column, vb::Variant& into) override;
 
 private:
+    int innerColumn(int column) const;
+
     std::vector<int> m_map;
     std::vector<ColumnInfo> m_columns;
 };

@@ -6,12 +6,28 @@
 
 namespace jetfile::detail {
 
+namespace {
+
+// `out` sized to `units` characters, its contents undefined: a string of its own with room
+// enough is kept, so that text decoded again and again into one string allocates once.
+void makeRoom(QString& out, qsizetype units) {
+    if (out.isDetached() && out.capacity() >= units) {
+        if (out.size() != units) {
+            out.resize(units);
+        }
+    } else {
+        out = QString(units, Qt::Uninitialized);
+    }
+}
+
+} // namespace
+
 bool decodeUtf16(const std::uint8_t* bytes, std::size_t length, QString& out) {
     if (length % 2 != 0) {
         return false;
     }
     const auto units = static_cast<qsizetype>(length / 2);
-    out = QString(units, Qt::Uninitialized);
+    makeRoom(out, units);
     auto* dst = reinterpret_cast<char16_t*>(out.data());
 #if Q_BYTE_ORDER == Q_LITTLE_ENDIAN
     if (length != 0) {
@@ -29,8 +45,9 @@ bool decodeText(const std::uint8_t* bytes, std::size_t length, QString& out) {
     if (length < 2 || bytes[0] != 0xFF || bytes[1] != 0xFE) {
         return decodeUtf16(bytes, length, out);
     }
-    // Never more characters than bytes.
-    out = QString(static_cast<qsizetype>(length), Qt::Uninitialized);
+    // Never more characters than bytes after the two of the mark; as many when no 0x00
+    // switches to two-byte units, the common case, so that the string rarely shrinks.
+    makeRoom(out, static_cast<qsizetype>(length - 2));
     auto* dst = reinterpret_cast<char16_t*>(out.data());
     qsizetype n = 0;
     bool compressed = true;
@@ -49,7 +66,9 @@ bool decodeText(const std::uint8_t* bytes, std::size_t length, QString& out) {
             return false;
         }
     }
-    out.truncate(n);
+    if (n != out.size()) {
+        out.truncate(n);
+    }
     return true;
 }
 

@@ -74,12 +74,17 @@ vb::Variant decodeDecimal(const PageSource& source, const Column& column, const 
     return vb::Variant(value);
 }
 
-QString decodeTextValue(const PageSource& source, const Column& column, const RowView& row,
-                        const std::uint8_t* d, std::size_t n) {
-    QString text;
+void decodeTextInto(const PageSource& source, const Column& column, const RowView& row,
+                    const std::uint8_t* d, std::size_t n, QString& text) {
     if (!decodeText(d, n, text)) {
         badValue(source, column, row, u"text of odd byte length %1"_s.arg(n));
     }
+}
+
+QString decodeTextValue(const PageSource& source, const Column& column, const RowView& row,
+                        const std::uint8_t* d, std::size_t n) {
+    QString text;
+    decodeTextInto(source, column, row, d, n, text);
     return text;
 }
 
@@ -140,6 +145,25 @@ vb::Variant decodeValue(const PageSource& source, const Column& column, const Ro
         break;
     }
     return vb::Variant(QByteArray(reinterpret_cast<const char*>(d), static_cast<qsizetype>(n)));
+}
+
+// A text, the common value of a walk, is decoded into the string `into` holds; the rest as
+// decodeValue makes them.
+void decodeValueInto(const PageSource& source, const Column& column, const RowView& row,
+                     LongValueReader& longValues, vb::Variant& into) {
+    try {
+        if (column.type() != ColumnType::Text || row.isNull(column)) {
+            into = decodeValue(source, column, row, longValues);
+            return;
+        }
+        const std::uint8_t* d = nullptr;
+        std::size_t n = 0;
+        row.data(column, d, n);
+        decodeTextInto(source, column, row, d, n, into.holdString());
+    } catch (...) {
+        into = vb::Variant();
+        throw;
+    }
 }
 
 } // namespace jetfile::detail

@@ -17,5 +17,9 @@ QDateTime oleDate(double days);
 
 vb::Variant decodeValue(const PageSource& source, const Column& column, const RowView& row,
                         LongValueReader& longValues);
+// The same value written into `into`: a text reuses the string `into` already holds when no one
+// else shares it. A value that cannot be decoded leaves `into` Empty and throws as decodeValue.
+void decodeValueInto(const PageSource& source, const Column& column, const RowView& row,
+                     LongValueReader& longValues, vb::Variant& into);
 
 } // namespace jetfile::detail

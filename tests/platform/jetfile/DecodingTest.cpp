@@ -55,6 +55,27 @@ TEST(JetFileText, PlainCompressedAndMixedRuns) {
     EXPECT_FALSE(decodeText(halfUnit, 5, out));
 }
 
+TEST(JetFileText, DecodingAgainIntoOneStringReusesItsRoomButNeverAStringShared) {
+    const std::uint8_t longer[] = {0xFF, 0xFE, 0x61, 0x62, 0x63, 0x64, 0x65, 0x66};
+    const std::uint8_t shorter[] = {0x78, 0x00, 0x79, 0x00};
+    QString out;
+    ASSERT_TRUE(decodeText(longer, sizeof longer, out));
+    const QChar* room = out.constData();
+    ASSERT_TRUE(decodeText(shorter, sizeof shorter, out));
+    EXPECT_EQ(out, u"xy"_s);
+    EXPECT_EQ(out.constData(), room);
+    const QString handedOut = out;
+    ASSERT_TRUE(decodeText(longer, sizeof longer, out));
+    EXPECT_EQ(out, u"abcdef"_s);
+    EXPECT_EQ(handedOut, u"xy"_s);
+    // Switches to two-byte units make the text shorter than its bytes.
+    const std::uint8_t mixed[] = {0xFF, 0xFE, 0x61, 0x62, 0x00, 0xAC, 0x20, 0x00, 0x63};
+    ASSERT_TRUE(decodeText(mixed, sizeof mixed, out));
+    EXPECT_EQ(out, u"ab€c"_s);
+    ASSERT_TRUE(decodeText(longer, sizeof longer, out));
+    EXPECT_EQ(out, u"abcdef"_s);
+}
+
 TEST(JetFileText, GuidAsAdoShowsIt) {
     const std::uint8_t bytes[16] = {0x76, 0xA6, 0x29, 0x5A, 0x45, 0x11, 0x1A, 0x4D,
                                     0xAE, 0x47, 0x9F, 0x54, 0x15, 0xCD, 0xF2, 0xF1};

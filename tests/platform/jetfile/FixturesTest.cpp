@@ -134,12 +134,25 @@ TEST(JetFileFixtures, EveryFixtureReadsCompletely) {
             const auto def = db.table(table);
             auto cursor = db.scan(table);
             std::uint64_t rows = 0;
+            // readValue decodes into the variants of `into`, row after row; on every other row
+            // copies of them are handed out, and the next row must leave those copies alone.
+            std::vector<vb::Variant> into(def->columns.size());
+            std::vector<vb::Variant> handedOut;
+            std::vector<vb::Variant> handedOutWas;
             while (cursor.next()) {
                 ++rows;
+                std::vector<vb::Variant> values;
                 for (const auto& c : def->columns) {
                     const vb::Variant v = cursor.value(c.index);
                     EXPECT_EQ(v.isNull(), cursor.isNull(c.index));
+                    auto& read = into[static_cast<std::size_t>(c.index)];
+                    cursor.readValue(c.index, read);
+                    EXPECT_EQ(read, v) << c.name.toStdString();
+                    values.push_back(v);
                 }
+                EXPECT_EQ(handedOut, handedOutWas);
+                handedOut = rows % 2 == 0 ? into : std::vector<vb::Variant>();
+                handedOutWas = rows % 2 == 0 ? values : std::vector<vb::Variant>();
             }
             // Access keeps the count of a user table current (Jet's own tables' counts lag,
             // as Jackcess finds too).
