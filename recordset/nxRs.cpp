@@ -11,6 +11,8 @@
 #include "platform/ado/adox/Catalog.h"
 #include "platform/vb/Err.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -173,7 +175,9 @@ void nxRs::noteCursor() {
 }
 
 void nxRs::forgetReads() noexcept {
-    m_read.assign(m_values.size(), 0);
+    // Every move comes here: the flags are cleared where they stand.
+    m_read.resize(m_values.size());
+    std::fill(m_read.begin(), m_read.end(), 0);
     m_posHere = m_validHere = false;
 }
 

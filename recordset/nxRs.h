@@ -176,7 +176,9 @@ private:
     bool useUnderlying() const;
     void loadValues();
     void forgetReads() noexcept;
-    bool positionIsValid() noexcept;
+    // IsValidPos, asked of the cursor once per position when the recordset keeps its reads.
+    bool positionIsValid() noexcept { return m_posHere || askPosition(); }
+    bool askPosition() noexcept;
     void fetchValue(int index, vb::Variant& value) const;
     bool readField(int index, vb::Variant& value);
     bool recValue(int index, const vb::Variant& field, vb::Variant& value, bool silent);

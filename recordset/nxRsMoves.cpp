@@ -26,11 +26,7 @@ bool nxRs::IsValidPos() const noexcept {
     return m_isOpened && m_rs && IgnoreErrors(false, [&] { return !m_rs->Bof() && !m_rs->Eof(); });
 }
 
-// IsValidPos, asked of the cursor once per position when the recordset keeps its reads.
-bool nxRs::positionIsValid() noexcept {
-    if (m_posHere) {
-        return true;
-    }
+bool nxRs::askPosition() noexcept {
     const bool valid = IsValidPos();
     m_posHere = valid && m_keepReads;
     return valid;

@@ -55,11 +55,7 @@ bool TableRowset::seek(RowId id) {
     return m_onRow;
 }
 
-void TableRowset::requireColumn(int column) const {
-    if (!m_onRow || column < 0 || column >= static_cast<int>(m_columns.size())) {
-        raise(HResult::adErrNoCurrentRecord, u"ADODB.Field"_s);
-    }
-}
+void TableRowset::noCurrentValue() { raise(HResult::adErrNoCurrentRecord, u"ADODB.Field"_s); }
 
 vb::Variant TableRowset::value(int column) {
     requireColumn(column);

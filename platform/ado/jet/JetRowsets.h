@@ -33,7 +33,13 @@ public:
     void deleteRow(RowId id) override;
 
 private:
-    void requireColumn(int column) const;
+    // Every value of a walk passes here: the test stays inline.
+    void requireColumn(int column) const {
+        if (!m_onRow || column < 0 || column >= static_cast<int>(m_columns.size())) {
+            noCurrentValue();
+        }
+    }
+    [[noreturn]] static void noCurrentValue();
 
     jetfile::RowCursor m_cursor;
     std::vector<ColumnInfo> m_columns;

@@ -81,22 +81,17 @@ void decodeTextInto(const PageSource& source, const Column& column, const RowVie
     }
 }
 
-QString decodeTextValue(const PageSource& source, const Column& column, const RowView& row,
-                        const std::uint8_t* d, std::size_t n) {
-    QString text;
-    decodeTextInto(source, column, row, d, n, text);
-    return text;
-}
-
-} // namespace
-
-vb::Variant decodeValue(const PageSource& source, const Column& column, const RowView& row,
-                        LongValueReader& longValues) {
+// The one switch over Jet's types. `sink` takes each value as it is made (put) and decodes a
+// text into a string of its own choosing (text): MakeVariant builds a new variant, WriteInto
+// writes into the caller's.
+template <class Sink>
+typename Sink::Result decodeWith(const PageSource& source, const Column& column,
+                                 const RowView& row, LongValueReader& longValues, Sink& sink) {
     if (column.type() == ColumnType::Boolean) {
-        return vb::Variant(row.flag(column));
+        return sink.put(row.flag(column));
     }
     if (row.isNull(column)) {
-        return vb::Variant(vb::Null{});
+        return sink.put(vb::Null{});
     }
     const std::uint8_t* d = nullptr;
     std::size_t n = 0;
@@ -106,60 +101,80 @@ vb::Variant decodeValue(const PageSource& source, const Column& column, const Ro
         break;
     case ColumnType::Byte:
         needSize(source, column, row, n, 1);
-        return vb::Variant(d[0]);
+        return sink.put(d[0]);
     case ColumnType::Integer:
         needSize(source, column, row, n, 2);
-        return vb::Variant(static_cast<std::int16_t>(le16(d)));
+        return sink.put(static_cast<std::int16_t>(le16(d)));
     case ColumnType::Long:
         needSize(source, column, row, n, 4);
-        return vb::Variant(static_cast<std::int32_t>(le32(d)));
+        return sink.put(static_cast<std::int32_t>(le32(d)));
     case ColumnType::Currency:
         needSize(source, column, row, n, 8);
-        return vb::Variant(vb::Currency{static_cast<std::int64_t>(le64(d))});
+        return sink.put(vb::Currency{static_cast<std::int64_t>(le64(d))});
     case ColumnType::Single:
         needSize(source, column, row, n, 4);
-        return vb::Variant(leFloat(d));
+        return sink.put(leFloat(d));
     case ColumnType::Double:
         needSize(source, column, row, n, 8);
-        return vb::Variant(leDouble(d));
+        return sink.put(leDouble(d));
     case ColumnType::DateTime:
         needSize(source, column, row, n, 8);
-        return decodeDate(source, column, row, d);
+        return sink.put(decodeDate(source, column, row, d));
     case ColumnType::Guid:
         needSize(source, column, row, n, 16);
-        return vb::Variant(guidText(d));
+        return sink.put(guidText(d));
     case ColumnType::Numeric:
         needSize(source, column, row, n, 17);
-        return decodeDecimal(source, column, row, d);
+        return sink.put(decodeDecimal(source, column, row, d));
     case ColumnType::Text:
-        return vb::Variant(decodeTextValue(source, column, row, d, n));
+        return sink.text(source, column, row, d, n);
     case ColumnType::Memo: {
         const QByteArray bytes = longValues.read(d, n, row.page());
-        return vb::Variant(decodeTextValue(source, column, row,
-                                           reinterpret_cast<const std::uint8_t*>(bytes.constData()),
-                                           static_cast<std::size_t>(bytes.size())));
+        return sink.text(source, column, row, reinterpret_cast<const std::uint8_t*>(bytes.constData()),
+                         static_cast<std::size_t>(bytes.size()));
     }
     case ColumnType::Ole:
-        return vb::Variant(longValues.read(d, n, row.page()));
+        return sink.put(longValues.read(d, n, row.page()));
     case ColumnType::Binary:
         break;
     }
-    return vb::Variant(QByteArray(reinterpret_cast<const char*>(d), static_cast<qsizetype>(n)));
+    return sink.put(QByteArray(reinterpret_cast<const char*>(d), static_cast<qsizetype>(n)));
 }
 
-// A text, the common value of a walk, is decoded into the string `into` holds; the rest as
-// decodeValue makes them.
+struct MakeVariant {
+    using Result = vb::Variant;
+    template <class T> vb::Variant put(T&& value) const { return vb::Variant(std::forward<T>(value)); }
+    vb::Variant text(const PageSource& source, const Column& column, const RowView& row,
+                     const std::uint8_t* d, std::size_t n) const {
+        QString text;
+        decodeTextInto(source, column, row, d, n, text);
+        return vb::Variant(std::move(text));
+    }
+};
+
+struct WriteInto {
+    using Result = void;
+    vb::Variant& into;
+    template <class T> void put(T&& value) const { into = vb::Variant(std::forward<T>(value)); }
+    void text(const PageSource& source, const Column& column, const RowView& row,
+              const std::uint8_t* d, std::size_t n) const {
+        decodeTextInto(source, column, row, d, n, into.holdString());
+    }
+};
+
+} // namespace
+
+vb::Variant decodeValue(const PageSource& source, const Column& column, const RowView& row,
+                        LongValueReader& longValues) {
+    MakeVariant sink;
+    return decodeWith(source, column, row, longValues, sink);
+}
+
 void decodeValueInto(const PageSource& source, const Column& column, const RowView& row,
                      LongValueReader& longValues, vb::Variant& into) {
+    WriteInto sink{into};
     try {
-        if (column.type() != ColumnType::Text || row.isNull(column)) {
-            into = decodeValue(source, column, row, longValues);
-            return;
-        }
-        const std::uint8_t* d = nullptr;
-        std::size_t n = 0;
-        row.data(column, d, n);
-        decodeTextInto(source, column, row, d, n, into.holdString());
+        decodeWith(source, column, row, longValues, sink);
     } catch (...) {
         into = vb::Variant();
         throw;
