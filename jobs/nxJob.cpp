@@ -240,7 +240,11 @@ void nxJob::Status(const vb::Variant& count, const QString& text, bool cycle) {
     }
     const std::int32_t tick = m_counter.Check();
     const bool countGiven = !count.isMissing() && !count.isEmpty();
-    const double value = countGiven ? count.toDouble().value_or(0) : m_lastCount;
+    // A walk gives its position, a Long, at every record.
+    const std::int32_t* position = count.get<std::int32_t>();
+    const double value = position != nullptr ? *position
+                         : countGiven        ? count.toDouble().value_or(0)
+                                             : m_lastCount;
     if (value != kPumpOnly) {
         updateStatusText(text);
         updateEstimate(toLong(value), tick);

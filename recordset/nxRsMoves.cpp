@@ -115,7 +115,9 @@ bool nxRs::MoveTo(int Kind, bool KeepCurrent, bool Silent) noexcept {
     if (!m_posHere && IsEmpty()) {
         return false;
     }
-    Update(Silent, true, true, false); // a pending edit is saved before every move
+    if (m_isEditing) {
+        Update(Silent, true, true, false); // a pending edit is saved before every move
+    }
     const vb::Variant back = KeepCurrent ? Bookmark() : m_lastGood;
     if (tryMove(Kind, Silent)) {
         return true;
