@@ -94,6 +94,19 @@ struct Walk {
     bool ok = true;
 };
 
+// No window, no question, no end message; forward-only and read-only as the record copy opens
+// its source, or nxRsJob's own defaults.
+void makeQuiet(nxRsJob& job, nxDb& db, bool forwardOnly) {
+    job.Db(&db);
+    job.Job().UseForm(false);
+    job.Job().Confirm(false);
+    job.Job().EndMessage(false);
+    if (forwardOnly) {
+        job.CursorType(0);
+        job.LockType(1);
+    }
+}
+
 Walk bareScan(const QString& path, const QString& table) {
     Walk w;
     w.rssStart = residentKiB();
@@ -122,14 +135,7 @@ Walk jobWalk(nxDb& db, const QString& table, bool forwardOnly, bool serverSide,
              std::int64_t expected) {
     Walk w;
     nxRsJob job;
-    job.Db(&db);
-    job.Job().UseForm(false);
-    job.Job().Confirm(false);
-    job.Job().EndMessage(false);
-    if (forwardOnly) {
-        job.CursorType(0);
-        job.LockType(1);
-    }
+    makeQuiet(job, db, forwardOnly);
     if (serverSide) {
         job.CursorLocation(2);
     }
@@ -202,12 +208,7 @@ struct StopRun {
 StopRun stoppedWalk(nxDb& db, const QString& table, std::int64_t stopAt) {
     StopRun run;
     nxRsJob job;
-    job.Db(&db);
-    job.Job().UseForm(false);
-    job.Job().Confirm(false);
-    job.Job().EndMessage(false);
-    job.CursorType(0);
-    job.LockType(1);
+    makeQuiet(job, db, true);
     std::atomic<std::int64_t> seen{0};
     std::atomic<std::int64_t> atStop{-1};
     job.OnRecord = [&](nxRs&, bool&, bool) { seen.fetch_add(1); };
