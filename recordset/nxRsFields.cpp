@@ -281,7 +281,8 @@ vb::Variant nxRs::FldGet(const vb::Variant& Field, const vb::Variant& Default) n
     }
     const auto at = static_cast<std::size_t>(i);
     vb::Variant& copy = m_values[at];
-    // Read straight into the copy: a value the provider cannot give leaves it as it was.
+    // Read straight into the copy, reusing its text storage. A value the provider cannot convert
+    // leaves it as it was; one a damaged Jet file cannot give leaves it Empty.
     if (!m_isEditing && m_read[at] == 0 && recValue(i, Field, copy, false) && m_keepReads) {
         m_read[at] = 1;
     }
