@@ -23,6 +23,7 @@ constexpr std::int32_t kFirstEstimateAfter = 5000; // ms of work before the firs
 constexpr std::int32_t kEstimateEvery = 2000;
 constexpr std::int32_t kCountEvery = 500;
 constexpr std::int32_t kPumpEvery = 250;
+constexpr QStringView kCalculating = u"Calcolo tempo rimanente";
 
 // CLng: rounds half to even, and saturates where the run time would overflow.
 std::int32_t toLong(double value) {
@@ -168,6 +169,7 @@ bool nxJob::Start(const QString& statusText, bool param) {
     m_subStatusText = u"..."_s;
     m_subStatusChanged = false;
     m_lastETA.clear();
+    m_calculatingShown = false;
     m_lastETATick = m_lastCountTick = m_lastPumpTick = 0;
     m_lastCount = 0;
     LogOpen();
@@ -286,8 +288,9 @@ void nxJob::updateEstimate(std::int32_t count, std::int32_t tick) {
         return;
     }
     if (tick <= kFirstEstimateAfter) {
-        if (m_lastETA != QStringView(u"Calcolo tempo rimanente")) {
-            setEstimate(u"Calcolo tempo rimanente"_s);
+        // Asked at every record of the first seconds: a flag, not a comparison of texts.
+        if (!m_calculatingShown) {
+            setEstimate(kCalculating.toString());
         }
         return;
     }
@@ -309,6 +312,7 @@ void nxJob::updateEstimate(std::int32_t count, std::int32_t tick) {
 
 void nxJob::setEstimate(QString text) {
     showText(kETASlot, text + u"..."_s);
+    m_calculatingShown = text == kCalculating;
     m_lastETA = std::move(text);
 }
 

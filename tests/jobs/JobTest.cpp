@@ -147,9 +147,11 @@ TEST_F(JobTest, TheEstimateIsAStraightLineRecomputedEveryTwoSeconds) {
         clock.now = 1000;
         job.Status(10);
         EXPECT_EQ(eta.caption(), u"Calcolo tempo rimanente..."_s);
+        const qsizetype drawn = eta.captions.size();
         clock.now = 5000;
         job.Status(20);
         EXPECT_EQ(eta.caption(), u"Calcolo tempo rimanente..."_s);
+        EXPECT_EQ(eta.captions.size(), drawn); // not drawn again
         clock.now = 12000;
         job.Status(25); // 12 s for 25 of 100: 36 s left
         EXPECT_EQ(eta.caption(), u"circa 36 secondi al termine..."_s);
