@@ -3,6 +3,7 @@
 #include "platform/jetfile/detail/Text.h"
 
 #include <cmath>
+#include <type_traits>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -47,16 +48,17 @@ void needSize(const PageSource& source, const Column& column, const RowView& row
     }
 }
 
-vb::Variant decodeDate(const PageSource& source, const Column& column, const RowView& row,
-                       const std::uint8_t* d) {
+// In UTC, as a variant keeps its dates.
+QDateTime decodeDate(const PageSource& source, const Column& column, const RowView& row,
+                     const std::uint8_t* d) {
     const double days = leDouble(d);
     if (!(days > kFirstDate - 1.0 && days < kLastDate)) {
         badValue(source, column, row, u"a date outside the years 100 to 9999"_s);
     }
-    return vb::Variant(oleDate(days));
+    return oleDate(days);
 }
 
-vb::Variant decodeDecimal(const PageSource& source, const Column& column, const RowView& row,
+vb::Decimal decodeDecimal(const PageSource& source, const Column& column, const RowView& row,
                           const std::uint8_t* d) {
     // A sign byte, then the 128-bit magnitude as four little-endian words, most significant first.
     const std::uint32_t w3 = le32(d + 1);
@@ -71,7 +73,7 @@ vb::Variant decodeDecimal(const PageSource& source, const Column& column, const 
     value.lo = (static_cast<std::uint64_t>(w1) << 32) | w0;
     value.scale = column.scale;
     value.negative = d[0] != 0 && !value.isZero();
-    return vb::Variant(value);
+    return value;
 }
 
 void decodeTextInto(const PageSource& source, const Column& column, const RowView& row,
@@ -155,7 +157,16 @@ struct MakeVariant {
 struct WriteInto {
     using Result = void;
     vb::Variant& into;
-    template <class T> void put(T&& value) const { into = vb::Variant(std::forward<T>(value)); }
+    // A walk meets the same type in a column at every record: a value of the type the variant
+    // already holds is stored in its place, sparing a new variant and the change of type.
+    template <class T> void put(T&& value) const {
+        using Plain = std::remove_cvref_t<T>;
+        if (const Plain* held = into.get<Plain>()) {
+            *const_cast<Plain*>(held) = std::forward<T>(value); // `into` itself is not const
+        } else {
+            into = vb::Variant(std::forward<T>(value));
+        }
+    }
     void text(const PageSource& source, const Column& column, const RowView& row,
               const std::uint8_t* d, std::size_t n) const {
         decodeTextInto(source, column, row, d, n, into.holdString());
