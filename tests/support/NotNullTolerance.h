@@ -27,6 +27,13 @@
 
 namespace notnull {
 
+// The server's answer, 1 or 0, to whether TABLE.COLUMN is nullable now.
+inline QString nullableQuestion(const QString& table, const QString& column) {
+    return QStringLiteral("select cast(is_nullable as int) from sys.columns where "
+                          "object_id = object_id('%1') and name = '%2'")
+        .arg(table, column);
+}
+
 // The columns whose closing the server refused, as "TABLE.COLUMN", in order; those of them that
 // were still nullable when it refused, each once (a key made later may close them all the same).
 struct Tolerated {
@@ -64,9 +71,7 @@ private:
     // What the server holds for the column right after refusing to close it.
     bool nullableNow(const QString& table, const QString& column) {
         ado::CommandRequest question;
-        question.text = QStringLiteral("select cast(is_nullable as int) from sys.columns where "
-                                       "object_id = object_id('%1') and name = '%2'")
-                            .arg(table, column);
+        question.text = nullableQuestion(table, column);
         const ado::CommandResult answer = ForwardingSession::execute(question);
         return answer.rowset && answer.rowset->next() &&
                answer.rowset->value(0).toString() == QStringLiteral("1");
@@ -94,10 +99,8 @@ private:
 inline QStringList nullableOf(const ado::ConnectionPtr& c, const QStringList& columns) {
     QStringList open;
     for (const QString& column : columns) {
-        ado::RecordsetPtr rs = c->Execute(
-            QStringLiteral("select cast(is_nullable as int) from sys.columns where object_id = "
-                           "object_id('%1') and name = '%2'")
-                .arg(column.section(u'.', 0, 0), column.section(u'.', 1)));
+        ado::RecordsetPtr rs =
+            c->Execute(nullableQuestion(column.section(u'.', 0, 0), column.section(u'.', 1)));
         if (rs->Eof() || rs->Fields().Item(0L).Value().toString() != QStringLiteral("0")) {
             open << column;
         }
