@@ -23,7 +23,14 @@ constexpr std::int32_t kFirstEstimateAfter = 5000; // ms of work before the firs
 constexpr std::int32_t kEstimateEvery = 2000;
 constexpr std::int32_t kCountEvery = 500;
 constexpr std::int32_t kPumpEvery = 250;
-constexpr QStringView kCalculating = u"Calcolo tempo rimanente";
+
+// The estimate of the first seconds, one string for every job: asked at every record of those
+// seconds whether it is shown, the job recognises it by sharing instead of comparing texts. Made
+// on the heap, since a string literal's data is shared with nothing.
+const QString& calculatingText() {
+    static const QString text = QString::fromUtf16(u"Calcolo tempo rimanente");
+    return text;
+}
 
 // CLng: rounds half to even, and saturates where the run time would overflow.
 std::int32_t toLong(double value) {
@@ -169,7 +176,6 @@ bool nxJob::Start(const QString& statusText, bool param) {
     m_subStatusText = u"..."_s;
     m_subStatusChanged = false;
     m_lastETA.clear();
-    m_calculatingShown = false;
     m_lastETATick = m_lastCountTick = m_lastPumpTick = 0;
     m_lastCount = 0;
     LogOpen();
@@ -288,9 +294,8 @@ void nxJob::updateEstimate(std::int32_t count, std::int32_t tick) {
         return;
     }
     if (tick <= kFirstEstimateAfter) {
-        // Asked at every record of the first seconds: a flag, not a comparison of texts.
-        if (!m_calculatingShown) {
-            setEstimate(kCalculating.toString());
+        if (!m_lastETA.isSharedWith(calculatingText())) {
+            setEstimate(calculatingText());
         }
         return;
     }
@@ -312,7 +317,6 @@ void nxJob::updateEstimate(std::int32_t count, std::int32_t tick) {
 
 void nxJob::setEstimate(QString text) {
     showText(kETASlot, text + u"..."_s);
-    m_calculatingShown = text == kCalculating;
     m_lastETA = std::move(text);
 }
 

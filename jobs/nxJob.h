@@ -178,7 +178,6 @@ private:
     nxTickCounter::Clock m_clock;
     nxTickCounter m_counter;
     QString m_lastETA;
-    bool m_calculatingShown = false; // m_lastETA is the text of the first seconds
     std::int32_t m_lastETATick = 0;
     double m_lastCount = 0;
     std::int32_t m_lastCountTick = 0;
