@@ -20,6 +20,11 @@ namespace {
 constexpr std::uint32_t kCantConvertValue = 0x80040E04;
 constexpr std::uint32_t kDeletedRow = 0x80040E1B;
 
+bool leavesValueAsItWas(std::int32_t code) {
+    const auto hresult = static_cast<std::uint32_t>(code);
+    return hresult == kCantConvertValue || hresult == kDeletedRow;
+}
+
 // "yyyy-mm-dd", with a time behind it or not.
 std::optional<QDateTime> ansiDate(QString text) {
     while (text.startsWith(u'\'')) {
@@ -197,8 +202,7 @@ bool nxRs::readField(int index, vb::Variant& value) {
         fetchValue(index, value);
         return true;
     } catch (const ado::Error& e) {
-        const auto code = static_cast<std::uint32_t>(e.hresult());
-        return code == kCantConvertValue || code == kDeletedRow;
+        return leavesValueAsItWas(e.hresult());
     } catch (...) {
         return false;
     }
@@ -212,8 +216,7 @@ bool nxRs::FldRecValue(const vb::Variant& Field, vb::Variant& Value, bool Silent
 // Called from a handler: the exception under way says why the read failed.
 bool nxRs::readFailed(const vb::Variant& field, const vb::Variant& value, bool silent) {
     frame::LoadAmbientError();
-    const auto code = static_cast<std::uint32_t>(vb::Err().Number);
-    if (code == kCantConvertValue || code == kDeletedRow) {
+    if (leavesValueAsItWas(vb::Err().Number)) {
         vb::Err().Clear();
         return true;
     }
